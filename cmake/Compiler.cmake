@@ -1,0 +1,35 @@
+# One place for the language level, the warnings and the flavours.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+option(TARVOLYNE_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  # Relative paths in the cache's keys, so that a fresh clone elsewhere finds what was compiled before.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
+      CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE_PROGRAM})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # ccache needs a precompiled header whose bytes do not carry its time of birth.
+  add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
+else()
+  add_compile_options(-fpch-preprocess)
+endif()
+
+if(TARVOLYNE_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
+                      -D_GLIBCXX_ASSERTIONS)
+  add_link_options(-fsanitize=address,undefined)
+else()
+  add_link_options(-Wl,-O1,--as-needed,-z,now,-z,relro)
+endif()

@@ -1,0 +1,78 @@
+// The controls that the arrangement editor is made of: lists that complete typed text, faders with their maximum at the
+// top, buttons and fields in the stated colours.
+#pragma once
+
+#include "arrangements/ArrParameters.h"
+
+#include <QCompleter>
+#include <QHash>
+#include <QStringList>
+#include <functional>
+
+class QColor;
+class QComboBox;
+class QEvent;
+class QFontMetrics;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QSlider;
+class QWidget;
+
+QString fromPanel(std::string_view text); ///< words and names of the instrument: Latin-1
+
+/// The rows of the lists as the combos want them, converted and measured once for all that show them.
+class ChoiceRows
+{
+public:
+    struct Rows {
+        QStringList texts;
+        QString widest;
+    };
+    const Rows& of(ArrList list, const QFontMetrics& metrics);
+    QCompleter completer; ///< a stand-in that no combo keeps
+
+private:
+    QHash<const void*, Rows> rows_;
+};
+
+/// A list to choose from. Typed text that equals a row, upper and lower case alike, becomes the row; what is left of
+/// other text when the typing ends gives way to the row that counts.
+QComboBox* makeTypedChoice(QWidget* parent, ChoiceRows& rows, ArrList list);
+/// A list without typing.
+QComboBox* makeChoice(QWidget* parent, ChoiceRows& rows, ArrList list);
+/// Lets the lists, fields and buttons of a finished page shrink to the height of their text, so that much fits into a
+/// small window.
+void letShrink(QWidget* content);
+/// Shows a position; one outside the list shows none.
+void showPosition(QComboBox* combo, int position);
+
+/// A vertical fader, its maximum at the top, or a horizontal one. `largeStep` is that of the page keys.
+QSlider* makeFader(QWidget* parent, Qt::Orientation orientation, const ArrParameter& field, int largeStep);
+
+/// A label for a value, as wide as its widest text.
+QLabel* makeValueText(QWidget* parent, const char* widest);
+
+QLineEdit* makeShownText(QWidget* parent, const char* accessibleName, const QString& hint = {});
+
+/// Runs the handler for a click with the left button, and for Return; on a field without typing also for the blank.
+void onFieldClick(QLineEdit* field, std::function<void()> handler);
+/// Runs the handler for each press of a mouse button on the widget itself.
+void onMousePress(QWidget* widget, std::function<void()> handler);
+
+/// Colours stand as blue-green-red numbers: 255 is red.
+QColor colourOf(int blueGreenRed);
+
+namespace EditColour
+{
+inline constexpr int MuteOn = 255;
+inline constexpr int SoloOn = 65280;
+inline constexpr int Off = 0xC0C0C0;
+inline constexpr int Highlight = 0xFFFF00;
+inline constexpr int HighlightText = 0;
+} // namespace EditColour
+
+/// A button whose face is a colour; `letter` stands on it.
+QPushButton* makeColourButton(QWidget* parent, const char* letter);
+/// Gives such a button its colour, with black words on it whatever the theme.
+void showButtonColour(QPushButton* button, int blueGreenRed);

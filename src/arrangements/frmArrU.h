@@ -1,0 +1,136 @@
+// The window on one arrangement file: its 64 rows, the details of the selected one, and the buttons that send the file
+// to the instrument.
+//
+// A click on a row makes the instrument follow, loading first what it lacks. Long work is not done in a click: each
+// press becomes stages carried by timers whose Interval is the stage, so that the status line paints before a send.
+#pragma once
+
+#include "arrangements/ArrEdit.h"
+#include "toolkit/ChildWindow.h"
+#include "toolkit/ControlArray.h"
+#include "toolkit/StageTimer.h"
+
+class QComboBox;
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QPushButton;
+class RowList;
+
+class frmArrU final : public ChildWindow, private ArrRowOwner
+{
+public:
+    /// Slot 1 to 8. The file stands in the hand-over buffer, its path and place in App.Arrangements[slot - 1].
+    explicit frmArrU(int slot);
+    ~frmArrU() override;
+
+    bool queryUnload() override;
+    void unload() override;
+
+private:
+    // Construct.
+    void buildControls();
+    QLayout* buttonColumn(QWidget* content);
+    QLayout* detailBoxes(QWidget* content);
+    void buildTimers();
+    void wireHandlers();
+    void wireTimers();
+    void loadFile();
+    void fillRows();
+    void enableByContent();
+    void restorePlace();
+    void startSearchById();
+
+    // Handle: the list and the details.
+    void List1_Click();
+    void List1_DblClick();
+    void List1_Delete();
+    void CommEdit_Click();
+    void CommShowSty_Click();
+    void CommShowPrg_Click();
+    void CommAdd_Click();
+    void showDetails(int row);
+    void showId(int row);
+    void showStyle(const QString& text);
+    void showEmptyRow();
+    void letEditFollow(int row);
+    void enableEdit(bool enabled);
+    void forgetEndedLoad();
+    bool loadStyleFirst(int row);
+    void selectOnInstrument(int row);
+    bool hasSelectedRow() const;
+    int selectedRow() const; ///< from 0; -1 without a selected row
+
+    // Handle: the staged loads.
+    void CommLoadAll_Click();
+    void CommLoadArr_Click();
+    void CommLoadSty_Click();
+    void CommLoadPrg_Click();
+    void sendArrangements();
+    void finishArrLoad();
+    void beginStyLoad();
+    void finishStyLoad();
+    bool findProgramSource();
+    void announcePrgLoad();
+    void sendProgram();
+    void finishPrgLoad();
+    void advanceLoadAll(int stage);
+    void loadAllStyles();
+    void abandonStages();
+    void Timer_Tick(int index);
+    void TimerCaricaPrg_Tick();
+    void TimerFindID_Tick();
+    void findLoadArr();
+    void findLoadSty();
+    void findLoadPrg();
+    void findSelect();
+    void continueSearch(int stage);
+    bool searchIsMine() const;
+
+    /// Names of the instrument are Latin-1.
+    static QString fromInstrument(const std::string& text);
+    static void enableMenuItem(const char* name, bool enabled);
+    const WindowBuffer& arrImage() const override { return Tag; }
+    void arrRowRenamed(int row) override;
+
+    SessionEntry& entry() const;
+    const ByteBuffer& image() const { return Tag.bytes(); }
+    std::string caption() const;
+
+    RowList* List1 = nullptr;
+    QLineEdit* Text1 = nullptr; ///< the row's ID
+    QLineEdit* Text2 = nullptr; ///< where its programs come from
+    QComboBox* Combo1 = nullptr;
+    ControlArray<QLabel, 3> Label1{"Label1"};
+    QPushButton* CommLoadAll = nullptr;
+    QPushButton* CommLoadArr = nullptr;
+    QPushButton* CommLoadSty = nullptr;
+    QPushButton* CommLoadPrg = nullptr;
+    QPushButton* CommShowSty = nullptr;
+    QPushButton* CommShowPrg = nullptr;
+    QPushButton* CommAdd = nullptr;
+    QPushButton* CommEdit = nullptr;
+    QPushButton* CommArrPlay = nullptr;
+    QPushButton* CommSongPlay = nullptr;
+    QPushButton* CommClose = nullptr;
+
+    StageTimer* TimerLoadAll = nullptr;
+    StageTimer* TimerLoadArr = nullptr;
+    StageTimer* TimerLoadPrg = nullptr;
+    StageTimer* TimerLoadSty = nullptr;
+    StageTimer* TimerShowPrg = nullptr;
+    StageTimer* TimerShowSty = nullptr;
+    StageTimer* TimerEditArr = nullptr;
+    StageTimer* TimerList1 = nullptr;
+    StageTimer* TimerFindID = nullptr;
+    StageTimer* TimerCaricaPrg = nullptr;
+    StageTimer* TimerCaricaArr = nullptr; ///< carries nothing
+    StageTimer* Timer5 = nullptr;
+    ControlArray<StageTimer, 2> TimerTxSty{"TimerTxSty"};
+    ControlArray<StageTimer, 2> TimerCaricaSty{"TimerCaricaSty"}; ///< carry nothing
+    ControlArray<StageTimer, 5> Timer{"Timer"};
+
+    bool filling_ = false;     ///< the window is being built: a selection is no click
+    ByteBuffer programToSend_; ///< the program file between the two passes of its load
+    std::string programExtension_;
+};

@@ -1,0 +1,279 @@
+// What the window does with its list, its details and its closing.
+#include "arrangements/ArrRows.h"
+#include "arrangements/ArrSends.h"
+#include "arrangements/ArrSession.h"
+#include "arrangements/ArrStages.h"
+#include "arrangements/frmArrU.h"
+#include "core/PathNames.h"
+#include "core/RandomFile.h"
+#include "core/Reports.h"
+#include "core/Shell.h"
+#include "core/Strings.h"
+#include "database/TvlDBArr.h"
+#include "files/FileReaders.h"
+#include "midi/DeviceModes.h"
+#include "midi/MsgLog.h"
+#include "toolkit/RowList.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace
+{
+
+constexpr int InternalRow = 98;
+constexpr int ReadOnlyFile = 17; ///< report code
+constexpr int FileChanged = 1;   ///< question code
+
+} // namespace
+
+QString frmArrU::fromInstrument(const std::string& text)
+{
+    return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
+}
+
+void frmArrU::enableMenuItem(const char* name, bool enabled)
+{
+    if (App.shell)
+        App.shell->enableMenuItem(name, enabled);
+}
+
+bool frmArrU::hasSelectedRow() const { return selectedRow() >= 0; }
+
+int frmArrU::selectedRow() const
+{
+    const QListWidgetItem* item = List1->currentItem();
+    return item && item->isSelected() ? List1->ListIndex() : -1;
+}
+
+void frmArrU::List1_Click()
+{
+    if (filling_)
+        return;
+    // Also for a row that was just deselected: the edit menu follows every change of the selection.
+    if (App.shell)
+        App.shell->MenuSync();
+    const int row = selectedRow();
+    if (row < 0 || isEmptyRowText(List1->rowText(row))) {
+        forgetEndedLoad();
+        if (row >= 0)
+            showEmptyRow();
+        return;
+    }
+
+    const int stage = TimerList1->Interval();
+    TimerList1->setStage(StageTimer::Rest);
+    if (stage == StageTimer::Rest && App.AutoArr && differsFromSent(Tag.stem(), App.InfoArr)) {
+        TimerList1->setStage(ArrStage::List1::AfterArrLoad);
+        CommLoadArr_Click();
+        return;
+    }
+    if (!Arr.ArrEditOpen)
+        enableEdit(true);
+    if (stage == ArrStage::List1::AfterStyLoad) {
+        // Also a click on another row while the styles go out ends here: the details and the editor must be that row's.
+        if (Arr.ArrEditOpen && !editHoldsRow(image(), row))
+            letEditFollow(row);
+        showDetails(row);
+        selectOnInstrument(row);
+        return;
+    }
+    letEditFollow(row);
+    if (App.DeviceMode != DeviceModes::ArrPlay)
+        ModeArrPlay();
+    showDetails(row);
+    if (!loadStyleFirst(row))
+        selectOnInstrument(row);
+}
+
+void frmArrU::forgetEndedLoad()
+{
+    // The row that waited for a load is no longer selected: once the load is over nothing comes back for it, and the
+    // next click is a fresh one.
+    if (TimerLoadArr->Interval() == StageTimer::Rest && TimerTxSty[0]->Interval() == StageTimer::Rest)
+        TimerList1->setStage(StageTimer::Rest);
+}
+
+bool frmArrU::loadStyleFirst(int row)
+{
+    if (!App.AutoSty || !arrUsesUserStyle(image(), row) || !differsFromSent(Tag.stem(), App.InfoSty))
+        return false;
+    TimerList1->setStage(ArrStage::List1::AfterStyLoad);
+    CommLoadSty_Click();
+    if (TimerTxSty[0]->Interval() != StageTimer::Rest)
+        return true;
+    // Without style data at hand, or while another window sends its styles, nothing would come back: the row is
+    // selected at once.
+    TimerList1->setStage(StageTimer::Rest);
+    return false;
+}
+
+void frmArrU::selectOnInstrument(int row)
+{
+    MsgLogAdd("");
+    MsgLogAdd(ArrSelect(row, WindowKind::ArrFile));
+    StatusNotice(ArrNotice::None, {});
+}
+
+void frmArrU::letEditFollow(int row)
+{
+    if (!Arr.ArrEditOpen)
+        return;
+    // Required: No at the question discards the edit; the editor goes on with the row just chosen.
+    askToStoreEdit(caption());
+    int index = row;
+    ArrEditLoad(image(), index);
+    if (Arr.editor)
+        Arr.editor->ArrEditFill();
+}
+
+void frmArrU::showEmptyRow()
+{
+    enableEdit(false);
+    showStyle({});
+    Text1->clear();
+    Text2->clear();
+    StatusNotice(ArrNotice::None, {});
+}
+
+void frmArrU::showDetails(int row)
+{
+    showId(row);
+    Text2->setText(arrUsesBankD(image(), row) ? QString::fromUtf8(ResText(InternalRow).c_str()) : QString());
+    showStyle(fromInstrument(arrStyleEntry(image(), row)));
+}
+
+void frmArrU::showId(int row) { Text1->setText(fromInstrument(arrIdText(entry().databaseId, row))); }
+
+void frmArrU::showStyle(const QString& text)
+{
+    const int index = text.isEmpty() ? -1 : Combo1->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    Combo1->setCurrentIndex(index);
+    if (index < 0)
+        Combo1->setEditText(text);
+}
+
+void frmArrU::enableEdit(bool enabled)
+{
+    CommEdit->setEnabled(enabled);
+    enableMenuItem("mnuEditArr", enabled);
+}
+
+void frmArrU::List1_DblClick()
+{
+    if (!isEmptyRowText(List1->rowText(List1->ListIndex())))
+        CommEdit_Click();
+}
+
+void frmArrU::List1_Delete()
+{
+    if (Tag.readOnly())
+        ReportError(ReadOnlyFile, arrFileTitle(Tag), {});
+    else if (App.shell)
+        App.shell->cut();
+}
+
+void frmArrU::CommEdit_Click()
+{
+    const int row = selectedRow();
+    if (row < 0 || isEmptyRowText(List1->rowText(row)))
+        return;
+    if (Arr.ArrEditOpen) {
+        letEditFollow(row); // the editor may hold changes of another window's arrangement
+    } else {
+        int index = row;
+        ArrEditLoad(image(), index);
+    }
+    enableEdit(false);
+    if (App.shell)
+        App.shell->showWindow(WindowKind::EditArr, 0);
+    Arr.ArrEditOpen = Arr.editor != nullptr;
+}
+
+void frmArrU::CommShowSty_Click()
+{
+    const std::string path = Tag.path();
+    if (!App.shell || App.shell->bringForward(WindowKind::StyFile, path))
+        return;
+    if (Tag.at(WindowLayout::StyStateOffset) == WindowLayout::StyState::None) {
+        App.shell->openPath(path + extensionOf(FileKind::Sty), FileKind::Sty, Tag.readOnly());
+        return;
+    }
+    const int slot = StySlotFree();
+    if (slot == 0)
+        return;
+    Files.StyBuffer = Tag.styleArea();
+    Files.StyFolder = FolderOf(path);
+    Files.StyName = FileStemOf(path);
+    SessionEntry& style = App.Styles[static_cast<std::size_t>(slot - 1)];
+    style.path = path;
+    style.readOnly = Tag.readOnly();
+    style.linked = true;
+    App.shell->showWindow(WindowKind::StyFile, slot);
+}
+
+void frmArrU::CommShowPrg_Click()
+{
+    const std::string path = Tag.path();
+    if (!App.shell || App.shell->bringForward(WindowKind::PrgFile, path))
+        return;
+    const int kind = Tag.at(WindowLayout::PrgTypeOffset) == 1 ? FileKind::Pgg : FileKind::Prg;
+    FileContent file;
+    if (readFile(path + extensionOf(kind), 0, file) == FileError::None && file.length > 0)
+        App.shell->openPath(path + extensionOf(kind), kind, Tag.readOnly());
+}
+
+void frmArrU::CommAdd_Click()
+{
+    if (Timer[4]->Interval() == StageTimer::Rest) {
+        StatusNotice(ArrNotice::Updating, "TvlDBArr");
+        Timer[4]->enable();
+        return;
+    }
+    Timer[4]->setStage(StageTimer::Rest);
+    if (Arr.databaseAdd)
+        Arr.databaseAdd(Tag);
+    entry().databaseId = DBArrLookup(Tag.path() + extensionOf(FileKind::Arr));
+    if (const int row = selectedRow(); row >= 0 && !isEmptyRowText(List1->rowText(row)))
+        showId(row);
+    StatusNotice(ArrNotice::None, {});
+}
+
+void frmArrU::arrRowRenamed(int row)
+{
+    constexpr std::size_t CodeAndMark = 4;
+    QListWidgetItem* item = List1->item(row);
+    if (!item)
+        return;
+    const std::string before = List1->rowText(row);
+    const std::string name(slice(arrRecord(image(), row), ArrBlock::Name));
+    // A row that was cut while the editor held it has no mark to keep.
+    item->setText(
+        fromInstrument(before.size() < CodeAndMark ? arrRowText(image(), row) : before.substr(0, CodeAndMark) + name));
+}
+
+bool frmArrU::queryUnload()
+{
+    if (editHoldsImage(image()) && App.shell && !App.shell->closeEditorOf(WindowKind::ArrFile, Tag.number()))
+        return false;
+    if (Tag.at(WindowLayout::ModifiedOffset) == 0)
+        return true;
+    switch (AskSaveCancel(FileChanged, caption())) {
+    case Answer::Yes:
+        return Arr.closingSave && Arr.closingSave(Tag) == 0;
+    case Answer::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void frmArrU::unload()
+{
+    abandonStages();
+    std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this));
+    ArrSessionLeave(entry(), Tag, positionInTwips());
+    if (!App.AppClosing)
+        enableMenuItem("mnuApriArr", true);
+}

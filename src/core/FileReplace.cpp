@@ -1,0 +1,249 @@
+// Replacing a whole file so that nothing saved is ever half saved.
+//
+// The new bytes go to a temporary file beside the old one, reach the disk, and take its name in one step. Where the
+// folder lets nothing be created, as in many shared folders, a safety copy is kept in the state folder while the file
+// is written in place; a crash then leaves that copy for the user.
+#include "core/RandomFile.h"
+
+#include "core/Dichiarazioni.h"
+#include "core/FileHandle.h"
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <fcntl.h>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace
+{
+
+/// What stands under a name before it is replaced.
+struct Target {
+    std::string path; ///< on disk, links followed
+    bool exists = false;
+    uid_t owner = 0;
+    gid_t group = 0;
+    mode_t permissions = 0;
+};
+
+/// Makes a new file in one try. 0 with an open handle, or errno.
+int createNew(const std::string& path, mode_t permissions, FileHandle& file)
+{
+    const int descriptor = openFile(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, permissions);
+    if (descriptor < 0)
+        return errno;
+    file.take(descriptor);
+    return 0;
+}
+
+/// Makes a new file under the first free of many names: prefix, number, suffix. 0, or errno.
+int createNumbered(const std::string& prefix, const std::string& suffix, mode_t permissions, FileHandle& file,
+                   std::string& path)
+{
+    constexpr int Tries = 1000;
+    int error = EEXIST;
+    for (int number = 1; number <= Tries && error == EEXIST; ++number) {
+        path = prefix;
+        path.append(std::to_string(number)).append(suffix);
+        error = createNew(path, permissions, file);
+    }
+    return error;
+}
+
+/// fsync(2). 0, or errno.
+int flush(const FileHandle& file)
+{
+    return uninterrupted([&] { return fsync(file.descriptor()); }) == 0 ? 0 : errno;
+}
+
+/// Brings what was written to the disk and closes the file. 0, or errno.
+int flushAndClose(FileHandle& file)
+{
+    if (const int error = flush(file); error != 0)
+        return error;
+    return file.close();
+}
+
+/// Brings the folder's entries to the disk. Where folders cannot be opened or flushed there is nothing to wait for.
+int flushFolder(const std::string& path)
+{
+    FileHandle folder;
+    folder.take(openFile(openableFolderOf(path), O_RDONLY | O_DIRECTORY));
+    const int error = folder.isOpen() ? flush(folder) : 0;
+    return error == EINVAL || error == ENOTSUP ? 0 : error;
+}
+
+/// The file behind a symbolic link, or behind a chain of them. 0, or a FileError.
+int followLinks(std::string& path)
+{
+    constexpr int MostLinks = 40;
+    for (int depth = 0; depth < MostLinks; ++depth) {
+        char link[PATH_MAX];
+        const ssize_t length = readlink(path.c_str(), link, sizeof link);
+        if (length < 0) // no link, or nothing at all; a link that cannot be read must not be taken for the file
+            return errno == EINVAL || errno == ENOENT ? FileError::None : fileErrorOf(errno);
+        const std::string_view next(link, static_cast<std::size_t>(length));
+        const bool fromRoot = !next.empty() && next.front() == '/';
+        std::string target = fromRoot ? std::string() : folderPrefixOf(path);
+        target.append(next);
+        path = std::move(target);
+    }
+    return FileError::Unavailable;
+}
+
+int findTarget(const std::string& path, Target& target)
+{
+    if (!canNameAFile(path))
+        return FileError::PathNotFound;
+    target.path = resolveFileName(path);
+    if (const int error = followLinks(target.path); error != 0)
+        return error;
+    struct stat status {
+    };
+    if (stat(target.path.c_str(), &status) != 0) {
+        const int error = errno;
+        return error == ENOENT && folderExists(target.path) ? FileError::None : fileErrorOf(error);
+    }
+    if (!S_ISREG(status.st_mode))
+        return FileError::AccessDenied;
+    // A rename asks for the folder's permissions alone and would overwrite a file that its owner made read only.
+    if (faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0)
+        return fileErrorOf(errno);
+    target.exists = true;
+    target.owner = status.st_uid;
+    target.group = status.st_gid;
+    target.permissions = status.st_mode & ~static_cast<mode_t>(S_IFMT);
+    return FileError::None;
+}
+
+/// Gives the new file the old one's owner, group and permission bits, as far as the system lets this user.
+void takeOver(int descriptor, const Target& target)
+{
+    constexpr auto SameOwner = static_cast<uid_t>(-1);
+    if (fchown(descriptor, target.owner, target.group) != 0 && fchown(descriptor, SameOwner, target.group) != 0) {
+        // The file then belongs to whoever saved it; its permission bits follow all the same.
+    }
+    if (fchmod(descriptor, target.permissions) != 0) {
+        // A disk without permission bits has none to keep.
+    }
+}
+
+/// Replaces by temporary file and rename. 0, or errno; then nothing has changed.
+int replaceByRename(const Target& target, const ByteBuffer& content)
+{
+    constexpr mode_t OwnerOnly = 0600, ByUmask = 0666;
+    const std::string prefix = folderPrefixOf(target.path) + ".tvl" + std::to_string(getpid()) + "-";
+    FileHandle file;
+    std::string temporary;
+    if (const int error = createNumbered(prefix, "~", target.exists ? OwnerOnly : ByUmask, file, temporary); error != 0)
+        return error;
+    if (target.exists)
+        takeOver(file.descriptor(), target);
+    int error = writeAll(file.descriptor(), content);
+    if (error == 0)
+        error = flushAndClose(file);
+    if (error == 0 && rename(temporary.c_str(), target.path.c_str()) != 0)
+        error = errno;
+    if (error != 0)
+        unlink(temporary.c_str());
+    return error;
+}
+
+/// Copies an open file to its end. 0, or errno.
+int copyAll(const FileHandle& from, int to)
+{
+    std::array<char, 65536> piece{};
+    for (;;) {
+        const ssize_t count = uninterrupted([&] { return read(from.descriptor(), piece.data(), piece.size()); });
+        if (count <= 0)
+            return count == 0 ? 0 : errno;
+        if (const int error = writeAll(to, {piece.data(), static_cast<std::size_t>(count)}); error != 0)
+            return error;
+    }
+}
+
+/// Overwrites the file where it stands and ends it behind the new bytes, which `write` (a callable that takes the
+/// descriptor and returns 0 or errno) brings. 0, or errno.
+template <typename Write>
+int overwrite(const std::string& path, Write&& write)
+{
+    FileHandle file;
+    const int descriptor = openFile(path, O_WRONLY);
+    if (descriptor < 0)
+        return errno;
+    file.take(descriptor);
+    if (const int error = write(descriptor); error != 0)
+        return error;
+    const off_t length = lseek(descriptor, 0, SEEK_CUR);
+    if (length < 0 || uninterrupted([&] { return ftruncate(descriptor, length); }) != 0)
+        return errno;
+    return flushAndClose(file);
+}
+
+/// Keeps the old bytes in the state folder under a name that tells the file. 0 with the copy's path, or a FileError.
+int keepSafetyCopy(const Target& target, std::string& copy)
+{
+    constexpr mode_t OwnerOnly = 0600;
+    constexpr std::size_t NameRoom = 200; // of the 255 bytes that a name may have
+    if (App.StateDir.empty())
+        return FileError::AccessDenied;
+    FileHandle old, file;
+    if (const int error = openRegularFile(target.path, O_RDONLY, old); error != 0)
+        return error;
+    if (!old.isOpen()) // gone since it was looked at
+        return FileError::AccessDenied;
+    const std::string name = target.path.substr(folderPrefixOf(target.path).size(), NameRoom);
+    int error = createNumbered(App.StateDir + "/SafetyCopy", "-" + name, OwnerOnly, file, copy);
+    if (error != 0)
+        return fileErrorOf(error);
+    error = copyAll(old, file.descriptor());
+    if (error == 0)
+        error = flushAndClose(file);
+    if (error == 0)
+        error = flushFolder(copy);
+    if (error != 0)
+        unlink(copy.c_str());
+    return fileErrorOf(error);
+}
+
+/// Writes the safety copy's bytes over the file. True when they stand there again.
+bool putBack(const std::string& copy, const Target& target)
+{
+    FileHandle kept;
+    return openRegularFile(copy, O_RDONLY, kept) == 0 && kept.isOpen() &&
+           overwrite(target.path, [&](int descriptor) { return copyAll(kept, descriptor); }) == 0;
+}
+
+/// Writes in place behind a safety copy. After a failure the old bytes are put back; where even that fails the copy
+/// stays.
+int replaceInPlace(const Target& target, const ByteBuffer& content)
+{
+    std::string copy;
+    if (const int error = keepSafetyCopy(target, copy); error != 0)
+        return error;
+    const int error = overwrite(target.path, [&](int descriptor) { return writeAll(descriptor, content); });
+    if (error == 0 || putBack(copy, target))
+        unlink(copy.c_str());
+    return fileErrorOf(error);
+}
+
+bool folderRefuses(int error) { return error == EACCES || error == EPERM || error == EROFS || error == EBUSY; }
+
+} // namespace
+
+int replaceFile(const std::string& path, const ByteBuffer& content)
+{
+    Target target;
+    if (const int error = findTarget(path, target); error != 0)
+        return error;
+    const int error = replaceByRename(target, content);
+    if (error == 0)
+        return fileErrorOf(flushFolder(target.path));
+    if (target.exists && folderRefuses(error))
+        return replaceInPlace(target, content);
+    return fileErrorOf(error);
+}

@@ -1,0 +1,15 @@
+// The panel's row numbering: a hexadecimal counter that begins at 11 and skips from x8 to the next x1.
+#include "files/RowLabels.h"
+
+#include <algorithm>
+#include <cstdio>
+
+std::string rowCode(int row)
+{
+    constexpr int RowsPerDecade = 8;
+    const int place = std::max(row, 0);
+    char code[16];
+    std::snprintf(code, sizeof code, "%X%X", static_cast<unsigned>(place / RowsPerDecade + 1),
+                  static_cast<unsigned>(place % RowsPerDecade + 1));
+    return code;
+}

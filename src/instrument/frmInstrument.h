@@ -1,0 +1,65 @@
+// The virtual instrument's own window: what a musician would see on the panel of a real one, and what came in.
+//
+// A second top-level window beside the main window. It only looks at the instrument; the one thing that it changes is
+// the pace at which bytes are taken. Showing comes after taking: a message never waits for a painting.
+#pragma once
+
+#include "instrument/VirtualInstrument.h"
+
+#include <QTimer>
+#include <QWidget>
+#include <cstdint>
+
+class QCheckBox;
+class QLabel;
+class QListWidget;
+class QTabWidget;
+class KeysView;
+class VirtualMidiService;
+
+class frmInstrument final : public QWidget
+{
+public:
+    /// Both must outlive the window, which takes the instrument's onChange for itself.
+    frmInstrument(VirtualInstrument& instrument, VirtualMidiService& service);
+    ~frmInstrument() override;
+
+    /// Shows the instrument's state of this moment without waiting for the timer.
+    void refresh();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void buildControls();
+    QWidget* buildPanel();
+    QWidget* buildHeld();
+    QWidget* buildTraffic();
+    QListWidget* addTab(const char* name, int captionId);
+    void wireHandlers();
+
+    void showPanel();
+    void showChannels();
+    void showHeld();
+    void showKeys();
+    void showMessages();
+
+    VirtualInstrument& instrument_;
+    VirtualMidiService& service_;
+    QTimer TimerRefresh;
+    std::int64_t shownMessages_ = 0;
+
+    QLabel* LabelDeviceMode = nullptr;
+    QLabel* LabelArrangement = nullptr;
+    QTabWidget* TabHeld = nullptr;
+    QListWidget* ListChannels = nullptr;
+    QListWidget* ListArrangements = nullptr;
+    QListWidget* ListStyles = nullptr;
+    QListWidget* ListPrograms = nullptr;
+    QListWidget* ListParameters = nullptr;
+    KeysView* Keys = nullptr;
+    QLabel* LabelKeys = nullptr;
+    QListWidget* ListMessages = nullptr;
+    QLabel* LabelCounts = nullptr;
+    QCheckBox* CheckPaced = nullptr;
+};

@@ -1,0 +1,95 @@
+// The parts put together and started.
+#include "shell/QtProgram.h"
+
+#include "core/Dichiarazioni.h"
+#include "core/InstanceLock.h"
+#include "midi/MIDI.h"
+#include "midi/MidiService.h"
+#include "shell/QtProgramIcon.h"
+#include "shell/StatusPanelWidget.h"
+#include "shell/SubMain.h"
+#include "shell/frmAvviso2.h"
+#include "shell/frmLingua.h"
+#include "shell/frmMain.h"
+#include "toolkit/QtUserInterface.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QStandardPaths>
+#include <QTranslator>
+
+namespace
+{
+
+/// The per-user folder of the state files, made if it is missing.
+std::string stateFolder()
+{
+    const QString folder =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tarvolyne");
+    QDir().mkpath(folder);
+    return QFile::encodeName(folder).toStdString();
+}
+
+/// The toolkit's own words (the open dialog's, mostly) in the language of the run, where they are installed.
+void translateToolkit(QTranslator& translator)
+{
+    const bool italian = App.Language == 1;
+    QLocale::setDefault(QLocale(italian ? QLocale::Italian : QLocale::English));
+    if (italian && translator.load(QStringLiteral("qtbase_it"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&translator);
+}
+
+void useWindows(QtUserInterface& user, const std::unique_ptr<frmMain>& mainWindow)
+{
+    user.setWindows({&frmLingua::choose, [&mainWindow](const QString& caption, const QString& text) {
+                         frmAvviso2 notice(mainWindow.get(), caption, text);
+                         notice.exec();
+                     }});
+}
+
+} // namespace
+
+int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker& makeCompanion)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QString::fromUtf8(ApplicationName));
+    QApplication::setWindowIcon(programIcon());
+    // The end of the main window ends the program, whatever other window stands.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    QTranslator translator;
+    QtUserInterface user;
+    std::unique_ptr<frmMain> mainWindow;
+    useWindows(user, mainWindow);
+    App.ui = &user;
+    App.StateDir = stateFolder();
+    InstanceLock lock;
+    App.AnotherRuns = lock.acquire(App.StateDir);
+    Midi.service = &service;
+    service.progress = [&user](int gone, int total) { user.showSendProgress(gone, total); };
+
+    SubMainSteps steps;
+    steps.languageKnown = [&translator] { translateToolkit(translator); };
+    steps.showMain = [&] {
+        mainWindow = std::make_unique<frmMain>();
+        user.setMainWindow(mainWindow.get(), mainWindow->statusPanel());
+        mainWindow->onGone = [] { QApplication::quit(); };
+        mainWindow->Form_Load();
+        mainWindow->showAsSaved();
+    };
+    int result = 0;
+    if (SubMain(steps)) {
+        std::unique_ptr<QWidget> companion;
+        if (makeCompanion)
+            companion = makeCompanion(*mainWindow);
+        result = QApplication::exec();
+    }
+    user.setMainWindow(nullptr, nullptr);
+    mainWindow.reset();
+    App.ui = nullptr;
+    Midi.service = nullptr;
+    return result;
+}

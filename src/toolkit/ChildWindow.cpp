@@ -1,0 +1,220 @@
+// A child window's life: it enters the registry of open windows when it is made, raises its counter when it is first
+// shown, and gives both back when it goes. Its stored place stays as it is in twips until the user's own hand moves or
+// resizes the window.
+#include "toolkit/ChildWindow.h"
+
+#include "core/ScopedFlag.h"
+#include "core/Shell.h"
+#include "toolkit/ControlArray.h"
+#include "toolkit/StageTimer.h"
+#include "toolkit/Twips.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMdiArea>
+#include <QMenu>
+#include <QScrollArea>
+
+ChildWindow::ChildWindow(const char* name, int AppState::*counter) : counter_(counter)
+{
+    setObjectName(QLatin1String(name));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowIcon(QApplication::windowIcon()); // not inherited: a child would show the toolkit's own
+    nameSystemMenu();
+    OpenWindows::add(&Tag);
+}
+
+void ChildWindow::nameSystemMenu()
+{
+    QMenu* menu = systemMenu();
+    if (!menu)
+        return;
+    menu->setObjectName(QStringLiteral("SystemMenu"));
+    menu->menuAction()->setObjectName(menu->objectName());
+    int index = 0;
+    for (QAction* action : menu->actions()) {
+        action->setObjectName(memberName("SystemMenuItem", index++));
+        action->setShortcuts({}); // they would make those of the main menus ambiguous
+    }
+}
+
+ChildWindow::~ChildWindow() { leave(); }
+
+void ChildWindow::leave()
+{
+    if (left_)
+        return;
+    left_ = true;
+    OpenWindows::remove(&Tag);
+    if (counted_ && counter_)
+        --(App.*counter_);
+    for (QTimer* timer : findChildren<QTimer*>()) {
+        if (auto* stage = dynamic_cast<StageTimer*>(timer))
+            stage->disable();
+        else
+            timer->stop();
+    }
+}
+
+void ChildWindow::showCaption()
+{
+    QString caption = QString::fromUtf8(ChildCaption(Tag).c_str());
+    setWindowTitle(caption.replace(QLatin1String("[*]"), QLatin1String("[*][*]"))); // "[*]" alone would be taken away
+}
+
+bool ChildWindow::isFree() const { return !isMaximized() && !isMinimized() && !isShaded(); }
+
+void ChildWindow::showFree()
+{
+    if (!isFree())
+        showNormal();
+}
+
+void ChildWindow::placeInTwips(int left, int top, int width, int height)
+{
+    stored_.left = left;
+    stored_.top = top;
+    stored_.width = width;
+    stored_.height = height;
+    hasPlace_ = true;
+    hasSize_ = true;
+    showFree();
+    applyPlace();
+}
+
+void ChildWindow::applyPlace()
+{
+    if (!isFree())
+        return;
+    const ScopedFlag placing(placing_);
+    if (hasSize_)
+        resize(twipsToPixelsX(stored_.width), twipsToPixelsY(stored_.height));
+    if (hasPlace_) {
+        QRect shown(QPoint(twipsToPixelsX(stored_.left), twipsToPixelsY(stored_.top)), size());
+        if (QMdiArea* area = mdiArea(); area && area->isVisible())
+            shown = movedIntoView(shown, area->viewport()->rect());
+        move(shown.topLeft());
+    }
+    pixels_ = geometry();
+}
+
+void ChildWindow::resizeInTwips(int width, int height)
+{
+    stored_.width = width;
+    stored_.height = height;
+    hasSize_ = true;
+    {
+        const ScopedFlag placing(placing_);
+        showFree();
+        resize(twipsToPixelsX(width), twipsToPixelsY(height));
+        pixels_.setSize(size());
+    }
+    if (isVisible() && App.shell)
+        App.shell->MenuSync();
+}
+
+bool ChildWindow::hasSizeInTwips(int width, int height) const
+{
+    return size() == QSize(twipsToPixelsX(width), twipsToPixelsY(height));
+}
+
+WindowPosition ChildWindow::positionInTwips() const
+{
+    const QRect own = isFree() ? geometry() : pixels_;
+    WindowPosition position;
+    position.left = hasPlace_ ? stored_.left : pixelsToTwipsX(own.x());
+    position.top = hasPlace_ ? stored_.top : pixelsToTwipsY(own.y());
+    position.width = hasSize_ ? stored_.width : pixelsToTwipsX(own.width());
+    position.height = hasSize_ ? stored_.height : pixelsToTwipsY(own.height());
+    return position;
+}
+
+void ChildWindow::rememberUsersHand()
+{
+    if (placing_ || !isVisible() || !isFree())
+        return;
+    if (hasPlace_ && geometry().topLeft() != pixels_.topLeft()) {
+        stored_.left = pixelsToTwipsX(x());
+        stored_.top = pixelsToTwipsY(y());
+    }
+    if (hasSize_ && size() != pixels_.size()) {
+        stored_.width = pixelsToTwipsX(width());
+        stored_.height = pixelsToTwipsY(height());
+    }
+    pixels_ = geometry();
+}
+
+bool ChildWindow::unloadChild() { return close(); }
+
+void ChildWindow::unloadWithoutAsking()
+{
+    agreed_ = true;
+    close();
+}
+
+void ChildWindow::setContent(QWidget* content)
+{
+    auto* area = new QScrollArea(this);
+    area->setObjectName(QStringLiteral("content"));
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(content);
+    // The fields' own edit menus would hide mnuModifica.
+    for (QWidget* control : content->findChildren<QWidget*>())
+        control->setContextMenuPolicy(Qt::NoContextMenu);
+    setWidget(area);
+}
+
+void ChildWindow::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool onContent = widget() && widget()->geometry().contains(event->pos());
+    if (!onContent || !App.shell) {
+        QMdiSubWindow::contextMenuEvent(event);
+        return;
+    }
+    event->accept();
+    App.shell->popupEditMenu();
+}
+
+void ChildWindow::closeEvent(QCloseEvent* event)
+{
+    if (!agreed_ && !queryUnload()) {
+        event->ignore();
+        return;
+    }
+    agreed_ = true;
+    if (!left_) {
+        unload();
+        leave();
+    }
+    event->accept();
+    hide(); // the area hands the focus to the next window before the menus are brought up to date
+    if (App.shell)
+        App.shell->MenuSync();
+}
+
+void ChildWindow::showEvent(QShowEvent* event)
+{
+    if (!counted_) {
+        counted_ = true;
+        if (counter_)
+            ++(App.*counter_);
+        applyPlace();
+    }
+    QMdiSubWindow::showEvent(event);
+}
+
+void ChildWindow::resizeEvent(QResizeEvent* event)
+{
+    QMdiSubWindow::resizeEvent(event);
+    rememberUsersHand();
+    if (isVisible() && !placing_ && App.shell)
+        App.shell->MenuSync();
+}
+
+void ChildWindow::moveEvent(QMoveEvent* event)
+{
+    QMdiSubWindow::moveEvent(event);
+    rememberUsersHand();
+}

@@ -1,0 +1,74 @@
+// What every child window does once: its Tag, its caption, its place, its share in the menus and counters.
+#pragma once
+
+#include "core/Dichiarazioni.h"
+#include "files/WindowBuffer.h"
+
+#include <QMdiSubWindow>
+
+class QContextMenuEvent;
+
+class ChildWindow : public QMdiSubWindow
+{
+public:
+    /// `name` is the object name, the class name. `counter` is the open-window counter of App that this window raises
+    /// when it is first shown and lowers when it goes. The window deletes itself when closed.
+    ChildWindow(const char* name, int AppState::*counter);
+    ~ChildWindow() override;
+
+    /// The window's lasting state. It stands in OpenWindows for as long as the window is open.
+    WindowBuffer Tag;
+
+    int windowKind() const { return Tag.kind(); }
+
+    /// Caption by ChildCaption(Tag).
+    void showCaption();
+
+    /// Outer place and size in twips. A window keeps its stored twips until the user resizes or moves it; a place out
+    /// of view is shown moved into view, the stored values stay.
+    void placeInTwips(int left, int top, int width, int height);
+    void resizeInTwips(int width, int height);
+    WindowPosition positionInTwips() const;
+    /// Sizes are compared in whole pixels.
+    bool hasSizeInTwips(int width, int height) const;
+
+    /// Asked before the window closes, by its close box, by the program's exit and by unloadChild: false keeps it open.
+    /// Called once a close.
+    virtual bool queryUnload() { return true; }
+    /// The window goes now. At exit only after all children have agreed.
+    virtual void unload() {}
+
+    /// Closes the window through queryUnload; false when it stays.
+    bool unloadChild();
+    /// Closes without asking; queryUnload must have been true.
+    void unloadWithoutAsking();
+
+protected:
+    /// The content, put into a scroll area so that nothing is cut off at a small size. Its controls are made before:
+    /// their own context menus are taken away for mnuModifica.
+    void setContent(QWidget* content);
+    /// Opens mnuModifica on a right press anywhere in the window.
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+
+private:
+    void nameSystemMenu();
+    bool isFree() const; ///< neither maximised nor minimised: its rectangle is its own
+    void showFree();
+    void applyPlace();
+    void rememberUsersHand();
+    void leave();
+
+    int AppState::*counter_;
+    bool counted_ = false;
+    bool agreed_ = false;
+    bool left_ = false;
+    bool hasPlace_ = false; ///< a place was given; until then the area finds one
+    bool hasSize_ = false;
+    bool placing_ = false;
+    WindowPosition stored_;
+    QRect pixels_; ///< its own rectangle when it was last free; what stored_ stands for
+};

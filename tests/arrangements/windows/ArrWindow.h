@@ -1,0 +1,247 @@
+// The real arrangement window in a window area, driven by mouse and keys; the shell and the port write one diary.
+#pragma once
+
+#include "../ArrRoom.h"
+
+#include "arrangements/frmArrU.h"
+#include "core/Shell.h"
+#include "toolkit/RowList.h"
+#include "toolkit/StageTimer.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+#include <map>
+#include <memory>
+#include <set>
+
+using Lines = std::vector<std::string>;
+
+/// The status line in the diary; a cleared one is "status".
+struct DiaryUser : ScriptedUser {
+    explicit DiaryUser(Lines& book) : diary(book) {}
+    void showProgressLine(const std::string& text) override
+    {
+        ScriptedUser::showProgressLine(text);
+        diary.push_back(text.empty() ? "status" : "status " + text);
+    }
+    int askYesNo(const std::string& title, const std::string& text) override
+    {
+        diary.push_back("asked");
+        return ScriptedUser::askYesNo(title, text);
+    }
+    Lines& diary;
+};
+
+/// Messages in the diary; of a long one the head and the length.
+struct DiaryService : RecordingMidiService {
+    explicit DiaryService(Lines& book) : diary(book) {}
+    int midiOutShortMsg(std::int32_t handle, std::uint32_t message) override
+    {
+        const int result = RecordingMidiService::midiOutShortMsg(handle, message);
+        diary.push_back(hex(calls.back().bytes));
+        return result;
+    }
+    int midiOutLongMsg(std::int32_t handle, std::string_view message) override
+    {
+        diary.push_back(message.size() <= 8 ? hex(message)
+                                            : hex(message.substr(0, 5)) + " (" + std::to_string(message.size()) + ")");
+        return RecordingMidiService::midiOutLongMsg(handle, message);
+    }
+    Lines& diary;
+};
+
+struct FakeShell : Shell {
+    int syncs = 0;
+    int cuts = 0;
+    std::vector<std::pair<int, int>> shown;
+    std::set<std::pair<int, std::string>> openPaths;
+    std::vector<std::pair<int, std::string>> broughtForward;
+    struct Opened {
+        std::string path;
+        int kind;
+        bool readOnly;
+        bool operator==(const Opened&) const = default;
+    };
+    std::vector<Opened> opened;
+    std::map<std::string, bool> items;
+    std::vector<std::pair<int, int>> editorCloses;
+    bool editorAgrees = true;
+    std::function<void(int)> onShow;
+
+    void MenuSync() override { ++syncs; }
+    void showWindow(int windowKind, int slot) override
+    {
+        shown.emplace_back(windowKind, slot);
+        if (onShow)
+            onShow(windowKind);
+    }
+    bool bringForward(int windowKind, const std::string& path) override
+    {
+        broughtForward.emplace_back(windowKind, path);
+        return openPaths.contains({windowKind, path});
+    }
+    void openPath(const std::string& path, int fileKind, bool readOnly) override
+    {
+        opened.push_back({path, fileKind, readOnly});
+    }
+    void popupEditMenu() override {}
+    void enableMenuItem(const char* name, bool enabled) override { items[name] = enabled; }
+    void cut() override { ++cuts; }
+    bool closeEditorOf(int sourceKind, int slot) override
+    {
+        editorCloses.emplace_back(sourceKind, slot);
+        return editorAgrees;
+    }
+};
+
+struct FakeEditor : ArrEditor {
+    int fills = 0;
+    void ArrEditFill() override
+    {
+        ++fills;
+        Arr.ArrEditDirty = false;
+    }
+};
+
+class ArrWindow : public ArrRoom
+{
+protected:
+    ArrWindow()
+    {
+        run.speak(2);
+        App.ui = &diaryUser;
+        App.shell = &shell;
+        Midi.service = &port;
+        StageTimer::setTimeScale(0.02);
+        area = std::make_unique<QMdiArea>();
+        area->resize(1000, 800);
+        area->show();
+    }
+    ~ArrWindow() override
+    {
+        area.reset();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        StageTimer::setTimeScale(1);
+        App.shell = nullptr;
+    }
+
+    /// Opens a window on an arrangement file of the folder, as the shell does it.
+    frmArrU* open(int slot, const std::string& name, const std::string& file)
+    {
+        Files.ArrBuffer = file;
+        SessionEntry& entry = App.Arrangements[static_cast<std::size_t>(slot - 1)];
+        entry.path = folder().file(name);
+        auto* opened = new frmArrU(slot);
+        area->addSubWindow(opened);
+        opened->show();
+        QApplication::processEvents();
+        diary.clear();
+        port.forget();
+        return opened;
+    }
+    /// The usual file: a factory style in row 0, a user style in row 1, bank D in row 2, row 3 empty, a last row.
+    static std::string usualFile()
+    {
+        return arrFile({{0, Block().name("Evergreen").style(5, 0)},
+                        {1, Block().name("My Own").style(2, 1)},
+                        {2, Block().name("Strings").style(127, 0).track(3, 70, 1)},
+                        {63, Block().name("Last One").style(0, 0)}});
+    }
+    frmArrU* openUsual(int slot = 1) { return open(slot, "song", usualFile()); }
+    /// A style file of two groups: sixteen blocks, the last eight empty.
+    void putStyles(const std::string& name = "song.sty") { folder().put(name, styles()); }
+    static std::string styles()
+    {
+        Slots blocks(16, {"- empty -", 20});
+        for (std::size_t i = 0; i < 8; ++i)
+            blocks[i] = {"Style " + std::to_string(i), 40 + static_cast<int>(i)};
+        return styFile(blocks);
+    }
+
+    template <typename Control>
+    static Control* control(frmArrU* window, const char* name)
+    {
+        auto* found = window->findChild<Control*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+    static RowList* list(frmArrU* window) { return static_cast<RowList*>(control<QListWidget>(window, "List1")); }
+    static StageTimer* timer(frmArrU* window, const char* name)
+    {
+        return static_cast<StageTimer*>(control<QTimer>(window, name));
+    }
+    static std::string text(frmArrU* window, const char* name)
+    {
+        return control<QLineEdit>(window, name)->text().toLatin1().toStdString();
+    }
+    static std::string style(frmArrU* window)
+    {
+        return control<QComboBox>(window, "Combo1")->currentText().toLatin1().toStdString();
+    }
+    static bool enabled(frmArrU* window, const char* name) { return control<QPushButton>(window, name)->isEnabled(); }
+    static void press(frmArrU* window, const char* name)
+    {
+        QTest::mouseClick(control<QPushButton>(window, name), Qt::LeftButton);
+    }
+    static QPoint place(frmArrU* window, int row)
+    {
+        RowList* rows = list(window);
+        rows->scrollToItem(rows->item(row));
+        return rows->visualItemRect(rows->item(row)).center();
+    }
+    static void clickRow(frmArrU* window, int row, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::mouseClick(list(window)->viewport(), Qt::LeftButton, modifiers, place(window, row));
+    }
+    /// Lets events run until the diary ends with a line, or time is up.
+    bool until(const std::string& last)
+    {
+        return QTest::qWaitFor([&] { return !diary.empty() && diary.back() == last; }, 3000);
+    }
+    /// Lets events run until no stage timer of the window is enabled.
+    static bool settled(frmArrU* window)
+    {
+        return QTest::qWaitFor(
+            [window] {
+                for (QTimer* one : window->findChildren<QTimer*>())
+                    if (auto* stage = dynamic_cast<StageTimer*>(one); stage && stage->enabled())
+                        return false;
+                return true;
+            },
+            3000);
+    }
+    std::string infoOnDisk(std::size_t offset) const { return folder().get("TvlCMInfo").substr(offset, 50); }
+    static std::string fifty(std::string name)
+    {
+        name.resize(50, ' ');
+        return name;
+    }
+
+    Lines diary;
+    DiaryUser diaryUser{diary};
+    DiaryService port{diary};
+    FakeShell shell;
+    std::unique_ptr<QMdiArea> area;
+};
+
+/// The instrument's side of packing: each run's first byte holds the top bits of the up to seven behind it.
+inline std::string unpacked(const std::string& packed)
+{
+    std::string bytes;
+    for (std::size_t run = 0; run < packed.size(); run += 8)
+        for (std::size_t i = 1; i < 8 && run + i < packed.size(); ++i) {
+            const int top = (packed[run] >> (i - 1)) & 1;
+            bytes += static_cast<char>(packed[run + i] | (top << 7));
+        }
+    return bytes;
+}
+
+/// The body of a SysEx message behind its five bytes of head, without its last byte.
+inline std::string bodyOf(const std::string& message) { return unpacked(message.substr(5, message.size() - 6)); }
