@@ -17,12 +17,6 @@ struct Sharing : OnRealKernel {
         OnRealKernel::TearDown();
     }
 
-    /// Whether the port is open as a raw device, by the kernel's account.
-    static bool rawHeld(const UsbMidiDevice& device)
-    {
-        return has(outputOf("cat /proc/asound/card" + std::to_string(device.card()) + "/midi0"), "Buffer size");
-    }
-
     /// What ./run would start on this machine, as root or by a command that takes its rights.
     static std::string startedByRun(const std::string& as = "")
     {
@@ -31,13 +25,26 @@ struct Sharing : OnRealKernel {
     }
 };
 
-/// Until aseqdump has its port and its wires.
-void waitForMonitor()
+/// A file of the kernel's, read without starting a program.
+std::string kernelText(const std::string& path)
 {
-    for (const double end = nowSeconds() + 10; clientNamed("aseqdump") < 0 && nowSeconds() < end;)
-        sleepSeconds(0.05);
-    sleepSeconds(0.1);
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
+
+/// Whether the sequencer tells so much of aseqdump: "Port" of its port, "Connected From" of its wire.
+bool monitorHas(const std::string& mark)
+{
+    std::string clients = kernelText("/proc/asound/seq/clients");
+    const std::size_t start = clients.find(": \"aseqdump\"");
+    if (start == std::string::npos)
+        return false;
+    clients = clients.substr(start);
+    return has(clients.substr(0, clients.find("\nClient ")), mark);
+}
+
+/// Whether a card's first raw device is open, by the kernel's account.
+bool rawHeld(int card) { return has(kernelText("/proc/asound/card" + std::to_string(card) + "/midi0"), "Buffer size"); }
 
 /// A program that runs until the end of the test; what it says is kept.
 class Background
@@ -53,7 +60,6 @@ public:
             execl("/bin/sh", "sh", "-c", ("exec " + command).c_str(), nullptr);
             _exit(127);
         }
-        sleepSeconds(0.5);
     }
     ~Background() { stop(); }
     void stop(int signal = SIGINT)
@@ -170,6 +176,7 @@ TEST_F(Sharing, aCardWithoutACableAloneIsTakenAndGetsEveryByteInOrder)
     OpenedService stage;
     ASSERT_EQ(stage.outResult, 0);
     Background reader("amidi -p hw:0,0 -r /run/virmidi.syx");
+    ASSERT_TRUE(waitUntil([] { return rawHeld(0); }));
     const std::string message = dumpOf(40960);
     EXPECT_EQ(stage.note(60), 0);
     EXPECT_EQ(stage.dump(message), 0);
@@ -183,7 +190,7 @@ TEST_F(Sharing, aCardWithoutACableAloneIsTakenAndGetsEveryByteInOrder)
 TEST_F(Sharing, aProgramAloneIsTakenAndHearsNotesAsNotes)
 {
     Background monitor("aseqdump");
-    waitForMonitor();
+    ASSERT_TRUE(waitUntil([] { return monitorHas("Port "); }));
     OpenedService stage;
     ASSERT_EQ(stage.outResult, 0);
     EXPECT_EQ(stage.note(60), 0);
@@ -209,7 +216,7 @@ TEST_F(Sharing, aPortThatAnotherHoldsAsRawDeviceAnswersFour)
     const UsbMidiDevice cable;
     std::ofstream("/run/long.syx", std::ios::binary) << dumpOf(9000);
     Background raw("amidi -p hw:" + std::to_string(cable.card()) + ",0 -s /run/long.syx");
-    ASSERT_TRUE(rawHeld(cable));
+    ASSERT_TRUE(waitUntil([&] { return rawHeld(cable.card()); }));
     EXPECT_EQ(OpenedService().outResult, 4);
     raw.stop(SIGKILL);
     EXPECT_EQ(OpenedService().outResult, 0);
@@ -261,7 +268,7 @@ TEST_F(Sharing, aMonitorBesideTheInstrumentHearsTheDumpAndDisturbsNothing)
     UsbMidiDevice cable;
     OpenedService stage;
     Background monitor("aseqdump -p Tarvolyne:0");
-    waitForMonitor();
+    ASSERT_TRUE(waitUntil([] { return monitorHas("Connected From"); }));
     const std::string message = dumpOf(12288);
     EXPECT_EQ(stage.dump(message), 0);
     monitor.stop();

@@ -19,7 +19,6 @@ namespace
 {
 
 constexpr double SecondNs = 1e9;
-constexpr double PluggingSeconds = 10;
 
 } // namespace
 
@@ -79,11 +78,8 @@ UsbMidiDevice::UsbMidiDevice(const UsbMidiOptions& options) : options_(options)
         runUsbMidiDevice(options_, *shared_);
         _exit(0);
     }
-    for (const double end = nowSeconds() + PluggingSeconds; client_ < 0; sleepSeconds(0.05)) {
-        client_ = clientNamed(options_.name);
-        if (nowSeconds() > end)
-            throw std::runtime_error("the kernel does not see " + options_.name);
-    }
+    if (!waitUntil([this] { return (client_ = clientNamed(options_.name)) >= 0; }))
+        throw std::runtime_error("the kernel does not see " + options_.name);
 }
 
 UsbMidiDevice::~UsbMidiDevice()
@@ -100,9 +96,7 @@ void UsbMidiDevice::unplug()
     int status = 0;
     waitpid(process_, &status, 0);
     process_ = -1;
-    for (const double end = nowSeconds() + PluggingSeconds; clientNamed(options_.name) == client_; sleepSeconds(0.05))
-        if (nowSeconds() > end)
-            break;
+    waitUntil([this] { return clientNamed(options_.name) != client_; });
 }
 
 int UsbMidiDevice::card() const

@@ -69,6 +69,17 @@ private:
 /// Seconds of the monotonic clock.
 double nowSeconds();
 void sleepSeconds(double seconds);
+
+/// Waits for a condition, at most so long, and tells whether it came true. It computes instead of sleeping: an idle
+/// machine would skip ahead, and its patience would be over before the real disk has given out a program's file.
+template <typename Condition>
+bool waitUntil(Condition condition, double seconds = 30)
+{
+    for (const double end = nowSeconds() + seconds; !condition();)
+        if (nowSeconds() > end)
+            return false;
+    return true;
+}
 /// The number of the sequencer client of this name by /proc/asound/seq/clients; -1 when there is none.
 int clientNamed(const std::string& name);
 /// Runs a shell command and gives its output; the status, too, where asked for.
