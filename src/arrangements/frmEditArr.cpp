@@ -65,7 +65,7 @@ frmEditArr::frmEditArr() : ChildWindow("frmEditArr", &AppState::OtherCount)
     buildControls();
     normalField_ = Text1[NameText]->palette();
     wireHandlers();
-    restorePlace();
+    openAtRow(WindowKind::EditArr, DefaultSize);
     Arr.ArrNameChanged = false;
     Arr.ArrCloseCancelled = false;
     ArrEditFill();
@@ -406,15 +406,4 @@ void frmEditArr::wirePages()
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
         connect(shortcut, &QShortcut::activated, this, [this, turn] { turnPage(turn.step); });
     }
-}
-
-void frmEditArr::restorePlace()
-{
-    WindowPosition& place = App.WinPos[WindowKind::EditArr];
-    if (place.width <= 0 || place.height <= 0) {
-        place.width = DefaultSize.width;
-        place.height = DefaultSize.height;
-    }
-    placeInTwips(place.left, place.top, place.width, place.height);
-    place.Open = 1;
 }

@@ -76,7 +76,6 @@ private:
     void wireLists();
     void wireSwitches();
     void wirePages();
-    void restorePlace();
 
     // Handle.
     void Text1_Click(int index);

@@ -370,10 +370,7 @@ bool frmEditArr::queryUnload()
 
 void frmEditArr::unload()
 {
-    WindowPosition& place = App.WinPos[WindowKind::EditArr];
-    const int open = App.AppClosing ? place.Open : 0;
-    place = positionInTwips();
-    place.Open = open;
+    keepInRow(WindowKind::EditArr);
     EditFieldClear();
     close_();
 }

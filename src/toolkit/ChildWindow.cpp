@@ -130,6 +130,26 @@ WindowPosition ChildWindow::positionInTwips() const
     return position;
 }
 
+void ChildWindow::openAtRow(int row, TwipsSize standard)
+{
+    WindowPosition& place = App.WinPos[static_cast<std::size_t>(row)];
+    if (place.width <= 0 || place.height <= 0) {
+        place.width = standard.width;
+        place.height = standard.height;
+    }
+    placeInTwips(place.left, place.top, place.width, place.height);
+    place.Open = 1;
+}
+
+void ChildWindow::keepInRow(int row) const
+{
+    WindowPosition& place = App.WinPos[static_cast<std::size_t>(row)];
+    const WindowPosition kept = place;
+    place = positionInTwips();
+    place.Open = App.AppClosing ? kept.Open : 0;
+    place.Extra = kept.Extra;
+}
+
 void ChildWindow::rememberUsersHand()
 {
     if (placing_ || !isVisible() || !isFree())

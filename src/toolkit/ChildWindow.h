@@ -32,6 +32,13 @@ public:
     /// Sizes are compared in whole pixels.
     bool hasSizeInTwips(int width, int height) const;
 
+    /// Opens at the place that a row of WinPos keeps, in the standard size where the row has none yet, and marks the
+    /// row as open.
+    void openAtRow(int row, TwipsSize standard);
+    /// Keeps place and size in the row for the next opening. The row counts as closed then, but at the program's exit
+    /// it stays as it is, so that the next start shows the window again.
+    void keepInRow(int row) const;
+
     /// Asked before the window closes, by its close box, by the program's exit and by unloadChild: false keeps it open.
     /// Called once a close.
     virtual bool queryUnload() { return true; }
