@@ -180,8 +180,14 @@ std::vector<MenuItemState> menuStates(const ChildFacts* child, const ClipboardFa
 
 std::vector<MenuItemState> slotStates()
 {
-    return {
+    std::vector<MenuItemState> states = {
         {"mnuApriArr", ArrSlotFree() != 0}, {"mnuApriSty", StySlotFree() != 0},     {"mnuApriPrg", PrgSlotFree() != 0},
-        {"mnuApriGbl", GblSlotFree() != 0}, {"mnuNuovoArr", ArrNewSlotFree() != 0},
+        {"mnuApriGbl", GblSlotFree() != 0}, {"mnuNuovoArr", ArrNewSlotFree() != 0}, {"mnuNuovoPrg", PrgSlotFree() != 0},
     };
+    // A bank of programs has a single window, and its item is off while that is open.
+    constexpr std::array BankItems = {"mnuWProgA", "mnuWProgB", "mnuWProgC", "mnuWProgD", "mnuWProgE"};
+    int kind = PrgBankA;
+    for (const char* name : BankItems)
+        states.push_back({name, OpenWindows::find(kind++, -1) == nullptr});
+    return states;
 }

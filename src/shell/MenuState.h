@@ -31,7 +31,8 @@ struct MenuItemState {
 /// The items that depend on the active child; `child` is null when no child window is open.
 std::vector<MenuItemState> menuStates(const ChildFacts* child, const ClipboardFacts& clipboard);
 
-/// The items that open a window in a slot of its family: off when all slots are used.
+/// The items that open a window in a slot of its family, off when all slots are used, and those of the program banks,
+/// off while their window is open.
 std::vector<MenuItemState> slotStates();
 
 /// The edit items of the active window.

@@ -318,3 +318,28 @@ bool openByPath(const std::string& path, int fileKind, bool readOnly, const Wind
     }
     return false;
 }
+
+bool openNewPrograms(const WindowMaker& makeWindow)
+{
+    constexpr int CodeFileNotFound = 5;
+    const int slot = PrgSlotFree();
+    if (slot == 0)
+        return false;
+    const OpenOutcome outcome = OpenFile(PrgNew);
+    if (outcome.result == OpenResult::Absent)
+        ReportError(CodeFileNotFound, ApplicationTitle, App.PathPrg);
+    if (outcome.result != OpenResult::Loaded)
+        return false;
+
+    SessionEntry& entry = App.Programs[static_cast<std::size_t>(slot - 1)];
+    const SessionEntry before = entry;
+    entry.used = true;
+    entry.path.clear();
+    entry.readOnly = false;
+    entry.kind = PrgNew;
+    entry.programType = 0;
+    if (makeWindow(PrgNew, slot))
+        return true;
+    entry = before;
+    return false;
+}

@@ -39,3 +39,7 @@ bool openByDialog(int code, const WindowMaker& makeWindow);
 
 /// The same without the dialog, by full path and file kind (FileKind).
 bool openByPath(const std::string& path, int fileKind, bool readOnly, const WindowMaker& makeWindow);
+
+/// mnuNuovoPrg: an untitled program window (kind 22) in the lowest free slot, the template in its hand-over buffer with
+/// no program in it. A template that is missing is reported. True when a window came.
+bool openNewPrograms(const WindowMaker& makeWindow);

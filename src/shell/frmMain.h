@@ -57,6 +57,7 @@ public:
 
     // The menus' handlers, as the menu table names them. `argument` is the row's own number.
     void mnuOpen_Click(int windowKind);
+    void mnuNew_Click(int windowKind);
     void mnuChiudi_Click(int);
     void mnuSalva_Click(int);
     void mnuSalvaAs_Click(int);

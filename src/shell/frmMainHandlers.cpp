@@ -180,6 +180,14 @@ void frmMain::mnuOpen_Click(int windowKind)
     MenuSync();
 }
 
+void frmMain::mnuNew_Click(int windowKind)
+{
+    finishSession();
+    if (windowKind == WindowKind::PrgNew)
+        openNewPrograms([this](int kind, int slot) { return makeWindow(kind, slot); });
+    MenuSync();
+}
+
 void frmMain::mnuRecentFile_Click(int index)
 {
     const RecentEntry& entry = App.Recent[static_cast<std::size_t>(index)];

@@ -42,7 +42,7 @@ const std::vector<MenuRow> Rows = {
     menu("mnuFile", 2),
     item("mnuNuovoArr", 86, nullptr, 0, "Ctrl+N"),
     item("mnuNuovoSty", 121, nullptr),
-    item("mnuNuovoPrg", 87, nullptr),
+    item("mnuNuovoPrg", 87, &frmMain::mnuNew_Click, PrgNew),
     separator("mnuSep1"),
     item("mnuApriArr", 6, &frmMain::mnuOpen_Click, ArrFile, "Ctrl+O"),
     fixedItem("mnuApriSty", "Apri Sty", &frmMain::mnuOpen_Click, StyFile),

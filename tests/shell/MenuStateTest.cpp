@@ -273,5 +273,14 @@ TEST_F(MenuState, openersAreOffWhenTheirSlotsAreFull)
         App.Programs[slot].used = true;
     for (std::size_t slot = 1; slot <= 8; ++slot)
         App.Globals[slot].used = true;
-    EXPECT_EQ(off(), (Names{"mnuApriArr", "mnuApriSty", "mnuApriPrg", "mnuApriGbl", "mnuNuovoArr"}));
+    EXPECT_EQ(off(), (Names{"mnuApriArr", "mnuApriSty", "mnuApriPrg", "mnuApriGbl", "mnuNuovoArr", "mnuNuovoPrg"}));
+}
+
+TEST_F(MenuState, theItemOfAProgramBankIsOffWhileItsWindowIsOpen)
+{
+    WindowBuffer bankC = WindowBuffer::fresh(6, 0);
+    OpenWindows::add(&bankC);
+    for (const MenuItemState& one : slotStates())
+        EXPECT_EQ(one.enabled, std::string_view(one.name) != "mnuWProgC") << one.name;
+    OpenWindows::remove(&bankC);
 }

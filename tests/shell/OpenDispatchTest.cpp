@@ -397,3 +397,39 @@ TEST_F(Opening, aNameThatTheWindowCannotGiveBackIsOpenedForReading)
     EXPECT_TRUE(App.Arrangements[1].readOnly) << "Save would write bank.arr, another file";
     EXPECT_EQ(recentPath(0), "");
 }
+
+// New program files.
+
+TEST_F(Opening, aNewProgramFileTakesTheLowestFreeSlotAndIsOnNoList)
+{
+    songs.put("TvlPrg", programFile());
+    App.Programs[0].used = true;
+    App.Programs[1].path = "/music/earlier";
+    EXPECT_TRUE(openNewPrograms(maker));
+    EXPECT_EQ(windows, (Windows{{22, 2}}));
+    EXPECT_TRUE(App.Programs[1].used);
+    EXPECT_EQ(App.Programs[1].path, "");
+    EXPECT_EQ(App.Programs[1].kind, 22);
+    EXPECT_EQ(App.Recent[0].path, "");
+    EXPECT_TRUE(warnings().empty());
+}
+
+TEST_F(Opening, aNewProgramFileWithoutATemplateIsToldAndTakesNoSlot)
+{
+    EXPECT_FALSE(openNewPrograms(maker));
+    EXPECT_EQ(warnings(), (Lines{"Tarvolyne - Tarvolyne Console |File " + App.PathPrg + " assente"}));
+    songs.put("TvlPrg", "short");
+    EXPECT_FALSE(openNewPrograms(maker));
+    EXPECT_EQ(warnings().size(), 2U) << "the reader's own words";
+    EXPECT_FALSE(App.Programs[0].used);
+    EXPECT_TRUE(windows.empty());
+}
+
+TEST_F(Opening, aNinthNewProgramFileIsNotOpened)
+{
+    songs.put("TvlPrg", programFile());
+    for (std::size_t slot = 0; slot < 8; ++slot)
+        App.Programs[slot].used = true;
+    EXPECT_FALSE(openNewPrograms(maker));
+    EXPECT_TRUE(windows.empty());
+}
