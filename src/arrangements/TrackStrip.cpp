@@ -3,6 +3,7 @@
 
 #include "arrangements/QtEditParts.h"
 #include "core/Strings.h"
+#include "core/Words.h"
 
 #include <QComboBox>
 #include <QGridLayout>

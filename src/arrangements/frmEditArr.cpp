@@ -4,6 +4,7 @@
 #include "arrangements/QtEditParts.h"
 #include "arrangements/TrackStrip.h"
 #include "core/Strings.h"
+#include "core/Words.h"
 #include "toolkit/Choices.h"
 
 #include <QCheckBox>

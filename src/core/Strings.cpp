@@ -1,5 +1,6 @@
 // Looking words up by id and language.
 #include "core/Strings.h"
+#include "core/Words.h"
 
 #include "core/Dichiarazioni.h"
 #include "core/StringTable.h"

@@ -3,6 +3,7 @@
 // A new text takes one name in Words (Strings.h) and one row here, at the same place in the order.
 #include "core/StringTable.h"
 #include "core/Strings.h"
+#include "core/Words.h"
 
 namespace
 {
@@ -73,6 +74,17 @@ constexpr std::array Rows = {
               "Choose this field, then a style in its window"},
     StringRow{Words::OutputHint, "Uscita MIDI: _", "MIDI output: _"},
     StringRow{Words::NoOutputHint, "Nessuna uscita MIDI in uso", "No MIDI output in use"},
+    StringRow{
+        Words::AboutDescription,
+        "Editor, archivio e controllo dal vivo per la workstation interattiva KORG i40M e le sorelle iS35, iS40 e "
+        "iS50: arrangement, stili, programmi e parametri globali, dai file allo strumento.",
+        "Editor, librarian and live control surface for the KORG i40M interactive workstation and its relatives "
+        "iS35, iS40 and iS50: arrangements, styles, programs and global settings, from files to the instrument."},
+    StringRow{Words::AboutVersion, "Versione _", "Version _"},
+    StringRow{Words::AboutDisclaimer,
+              "Tarvolyne è indipendente dal costruttore dello strumento. I nomi dei prodotti appartengono ai loro "
+              "proprietari.",
+              "Tarvolyne is independent of the instrument's maker. Product names belong to their owners."},
 };
 
 static_assert(Rows.size() == static_cast<std::size_t>(Words::count()), "a row for each name in Words");

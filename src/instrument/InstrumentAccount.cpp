@@ -1,5 +1,6 @@
 // The short account of what the instrument holds: a few lines for a terminal.
 #include "core/Strings.h"
+#include "core/Words.h"
 #include "files/ArrLayout.h"
 #include "files/PrgLayout.h"
 #include "files/RowLabels.h"

@@ -1,5 +1,6 @@
 // The instrument's own messages: a frame is judged byte by byte, and only a faultless one changes what is held.
 #include "core/Strings.h"
+#include "core/Words.h"
 #include "files/ArrLayout.h"
 #include "files/GblLayout.h"
 #include "files/PrgLayout.h"

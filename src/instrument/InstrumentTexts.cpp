@@ -2,6 +2,7 @@
 #include "instrument/InstrumentTexts.h"
 
 #include "core/Strings.h"
+#include "core/Words.h"
 #include "files/RowLabels.h"
 #include "instrument/InstrumentWords.h"
 

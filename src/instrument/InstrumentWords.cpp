@@ -2,6 +2,7 @@
 #include "instrument/InstrumentWords.h"
 
 #include "core/Strings.h"
+#include "core/Words.h"
 
 #include <array>
 #include <cstddef>

@@ -3,6 +3,7 @@
 
 #include "core/NameTables.h"
 #include "core/Strings.h"
+#include "core/Words.h"
 #include "files/ArrLayout.h"
 #include "files/PrgLayout.h"
 #include "files/StyLayout.h"

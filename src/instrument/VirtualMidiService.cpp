@@ -2,6 +2,7 @@
 #include "instrument/VirtualMidiService.h"
 
 #include "core/Strings.h"
+#include "core/Words.h"
 #include "midi/ShortMessage.h"
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 #include "instrument/frmInstrument.h"
 
 #include "core/Strings.h"
+#include "core/Words.h"
 #include "files/ArrLayout.h"
 #include "files/PrgLayout.h"
 #include "files/StyLayout.h"

@@ -2,6 +2,7 @@
 #include "shell/StatusPanelWidget.h"
 
 #include "core/Strings.h"
+#include "core/Words.h"
 #include "midi/MIDI.h"
 
 #include <QHBoxLayout>

@@ -3,6 +3,7 @@
 #include "toolkit/QtOpenDialog.h"
 
 #include "core/Strings.h"
+#include "core/Words.h"
 
 #include <QCheckBox>
 #include <QFile>

@@ -2,6 +2,7 @@
 #include "toolkit/QtUserInterface.h"
 
 #include "core/Strings.h"
+#include "core/Words.h"
 #include "toolkit/QtOpenDialog.h"
 #include "toolkit/QtSaveDialog.h"
 #include "toolkit/StageTimer.h"

@@ -1,4 +1,5 @@
 #include "core/Strings.h"
+#include "core/Words.h"
 
 #include "core/StringTable.h"
 #include "support/CoreRun.h"
