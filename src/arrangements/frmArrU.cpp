@@ -225,7 +225,11 @@ void frmArrU::fillRows()
     for (const std::string& text : arrRowTexts(image()))
         rows << fromInstrument(text);
     List1->setRows(rows);
+    ArrStyleListFill();
+}
 
+void frmArrU::ArrStyleListFill()
+{
     QStringList styles;
     for (const std::string& text : arrStyleEntries(image()))
         styles << fromInstrument(text);
@@ -237,16 +241,21 @@ void frmArrU::fillRows()
 void frmArrU::enableByContent()
 {
     const bool anyUsed = anyArrUsed(image());
-    const bool styles = Tag.at(WindowLayout::StyStateOffset) == WindowLayout::StyState::Real;
     const bool programs = Tag.at(WindowLayout::PrgStateOffset) == 1;
     CommLoadAll->setEnabled(anyUsed);
     CommLoadArr->setEnabled(anyUsed);
-    CommLoadSty->setEnabled(styles);
-    CommShowSty->setEnabled(styles);
+    enableByStyles();
     CommLoadPrg->setEnabled(programs);
     CommShowPrg->setEnabled(programs);
     enableMenuItem("mnuLoadArr", anyUsed);
     enableEdit(false);
+}
+
+void frmArrU::enableByStyles()
+{
+    const bool styles = Tag.at(WindowLayout::StyStateOffset) == WindowLayout::StyState::Real;
+    CommLoadSty->setEnabled(styles);
+    CommShowSty->setEnabled(styles);
 }
 
 void frmArrU::restorePlace()

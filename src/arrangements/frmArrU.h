@@ -26,6 +26,7 @@ public:
 
     bool queryUnload() override;
     void unload() override;
+    void contentChanged() override;
 
 private:
     // Construct.
@@ -37,7 +38,9 @@ private:
     void wireTimers();
     void loadFile();
     void fillRows();
+    void ArrStyleListFill();
     void enableByContent();
+    void enableByStyles();
     void restorePlace();
     void startSearchById();
 
@@ -47,6 +50,8 @@ private:
     void List1_Delete();
     void CommEdit_Click();
     void CommShowSty_Click();
+    int styleSlot() const;
+    void freeKeptStyleSlot();
     void CommShowPrg_Click();
     void CommAdd_Click();
     void showDetails(int row);

@@ -200,7 +200,7 @@ void frmArrU::CommShowSty_Click()
         App.shell->openPath(path + extensionOf(FileKind::Sty), FileKind::Sty, Tag.readOnly());
         return;
     }
-    const int slot = StySlotFree();
+    const int slot = styleSlot();
     if (slot == 0)
         return;
     Files.StyBuffer = Tag.styleArea();
@@ -211,6 +211,27 @@ void frmArrU::CommShowSty_Click()
     style.readOnly = Tag.readOnly();
     style.linked = true;
     App.shell->showWindow(WindowKind::StyFile, slot);
+}
+
+int frmArrU::styleSlot() const
+{
+    // A style window that was closed only to come again with other styles has kept its entry in use.
+    for (std::size_t index = 0; index < App.Styles.size(); ++index) {
+        const SessionEntry& style = App.Styles[index];
+        if (style.used && style.linked && sameFileName(style.path, Tag.path()))
+            return static_cast<int>(index) + 1;
+    }
+    return StySlotFree();
+}
+
+void frmArrU::freeKeptStyleSlot()
+{
+    if (!TimerShowSty->enabled() || OpenWindows::findByPath(WindowKind::StyFile, WindowKind::StyFile, Tag.path()))
+        return;
+    // The style window was to come again, and now will not.
+    for (SessionEntry& style : App.Styles)
+        if (style.used && style.linked && sameFileName(style.path, Tag.path()))
+            style.used = false;
 }
 
 void frmArrU::CommShowPrg_Click()
@@ -238,6 +259,21 @@ void frmArrU::CommAdd_Click()
     if (const int row = selectedRow(); row >= 0 && !isEmptyRowText(List1->rowText(row)))
         showId(row);
     StatusNotice(ArrNotice::None, {});
+}
+
+void frmArrU::contentChanged()
+{
+    ArrStyleListFill();
+    enableByStyles();
+    const int row = selectedRow();
+    if (row < 0 || isEmptyRowText(List1->rowText(row))) {
+        Text1->clear();
+        Text2->clear();
+        return;
+    }
+    showDetails(row);
+    if (!Arr.ArrEditOpen)
+        enableEdit(true);
 }
 
 void frmArrU::arrRowRenamed(int row)
@@ -272,6 +308,7 @@ bool frmArrU::queryUnload()
 void frmArrU::unload()
 {
     abandonStages();
+    freeKeptStyleSlot();
     std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this));
     ArrSessionLeave(entry(), Tag, positionInTwips());
     if (!App.AppClosing)

@@ -44,6 +44,9 @@ public:
     virtual bool queryUnload() { return true; }
     /// The window goes now. At exit only after all children have agreed.
     virtual void unload() {}
+    /// The Tag was changed from outside, by a cut or a paste or through another window. Rows of List1 and the controls
+    /// that the change names are shown already; what else follows from the Tag is shown here.
+    virtual void contentChanged() {}
 
     /// Closes the window through queryUnload; false when it stays.
     bool unloadChild();

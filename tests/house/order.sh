@@ -14,6 +14,7 @@ database
 instrument
 styles programs
 arrangements
+clipboard
 shell
 app' '
 function complain(text) { print FILENAME ":" FNR ": " text; bad = 1 }
