@@ -1,9 +1,9 @@
 // A strip's layout: the program and the switches above, the two faders at the left, the lists in two columns.
 #include "arrangements/TrackStrip.h"
 
-#include "arrangements/QtEditParts.h"
 #include "core/Strings.h"
 #include "core/Words.h"
+#include "toolkit/QtPanelParts.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -103,7 +103,7 @@ QSlider* TrackStrip::buildFader(ArrTrack which, const char* shortCaption, int la
                                 QGridLayout* grid, int column, const CaptionMaker& makeCaption)
 {
     const ArrParameter& field = arrParameter(which);
-    QSlider* fader = makeFader(this, Qt::Vertical, field, largeStep);
+    QSlider* fader = makeFader(this, Qt::Vertical, field.low, field.high, largeStep);
     fader->setAccessibleName(nameOf(field.caption));
     text = makeValueText(this, "CNT");
     QLabel* caption = makeCaption(this, shortCaption, fader);

@@ -1,11 +1,11 @@
 // Construction of the editor: its two pages, their frames, and which handler hears which control.
 #include "arrangements/frmEditArr.h"
 
-#include "arrangements/QtEditParts.h"
 #include "arrangements/TrackStrip.h"
 #include "core/Strings.h"
 #include "core/Words.h"
 #include "toolkit/Choices.h"
+#include "toolkit/QtPanelParts.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,8 +15,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
-#include <QScrollArea>
-#include <QShortcut>
 #include <QSlider>
 #include <QTabBar>
 #include <QTabWidget>
@@ -94,18 +92,9 @@ void frmEditArr::buildControls()
     setContent(content);
 }
 
-/// A page stands in its place before its controls are made: a list that changes its font afterwards is costly.
 QWidget* frmEditArr::addPage(const char* pageCaption)
 {
-    auto* area = new QScrollArea(SSTab1);
-    area->setObjectName(memberName("page", SSTab1->count()));
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    SSTab1->addTab(area, QLatin1String(pageCaption));
-    auto* page = new QWidget(area->viewport());
-    area->setWidget(page);
-    page->setAutoFillBackground(false);
-    area->viewport()->setAutoFillBackground(false);
+    QWidget* page = addPanelPage(SSTab1, QLatin1String(pageCaption));
     frames_.push_back(page);
     return page;
 }
@@ -237,7 +226,7 @@ void frmEditArr::buildNames(QWidget* frame, QGridLayout* grid)
 void frmEditArr::buildTempo(QWidget* frame, QGridLayout* grid)
 {
     const ArrParameter& field = arrParameter(ArrGeneral::Tempo);
-    QSlider* tempo = VScroll1.put(0, makeFader(frame, Qt::Vertical, field, TempoLargeStep));
+    QSlider* tempo = VScroll1.put(0, makeFader(frame, Qt::Vertical, field.low, field.high, TempoLargeStep));
     tempo->setAccessibleName(fromPanel(field.caption));
     grid->addWidget(makeCaption(frame, field.caption, tempo), 0, 0, Qt::AlignHCenter);
     grid->addWidget(tempo, 1, 0, Qt::AlignHCenter);
@@ -248,7 +237,7 @@ QComboBox* frmEditArr::buildCombo1(int index, QWidget* parent, ChoiceRows& rows)
 {
     const bool selector = index == VariationSelector;
     const ArrGeneral which = EditFields::Combo1[static_cast<std::size_t>(index)];
-    const ArrList list = selector ? ArrList(ArrLists::Variation) : arrParameter(which).list;
+    const ChoiceList list = selector ? ChoiceList(ArrLists::Variation) : arrParameter(which).list;
     QComboBox* combo = Combo1.put(index, makeTypedChoice(parent, rows, list));
     combo->setAccessibleName(selector ? QStringLiteral("DDrumMap, Variation") : fromPanel(arrParameter(which).caption));
     return combo;
@@ -272,10 +261,10 @@ void frmEditArr::buildSplitAndDrumMap(QWidget* frame, ChoiceRows& rows, QBoxLayo
     const ArrParameter& split = arrParameter(ArrGeneral::SplitPoint);
     const ArrParameter& map = arrParameter(dDrumMap(0));
     // In the order in which Tab walks them.
-    HScroll1.put(0, makeFader(frame, Qt::Horizontal, split, SplitLargeStep));
+    HScroll1.put(0, makeFader(frame, Qt::Horizontal, split.low, split.high, SplitLargeStep));
     HScroll1[0]->setAccessibleName(fromPanel(split.caption));
     QComboBox* selector = buildCombo1(VariationSelector, frame, rows);
-    HScroll1.put(1, makeFader(frame, Qt::Horizontal, map, 1));
+    HScroll1.put(1, makeFader(frame, Qt::Horizontal, map.low, map.high, 1));
     HScroll1[1]->setAccessibleName(fromPanel(map.caption));
     Label1.put(SplitLabel, makeValueText(frame, "C4#"));
     Label1.put(DrumMapLabel, makeValueText(frame, "8"));
@@ -398,13 +387,5 @@ void frmEditArr::wirePages()
     for (QWidget* frame : frames_)
         onMousePress(frame, [this] { EditFieldClear(); });
     onMousePress(SSTab1->tabBar(), [this] { EditFieldClear(); });
-    struct Turn {
-        int key;
-        int step;
-    };
-    for (const Turn turn : {Turn{Qt::Key_PageDown, 1}, Turn{Qt::Key_PageUp, -1}}) {
-        auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(turn.key)), this);
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(shortcut, &QShortcut::activated, this, [this, turn] { turnPage(turn.step); });
-    }
+    turnPagesByKeys(this, SSTab1);
 }

@@ -102,7 +102,6 @@ private:
     void showText(int index, std::string_view text);
     void showEffectLabel(int index);
     void showEditCaption(const QString& name);
-    void turnPage(int step);
     void close_();
 
     QTabWidget* SSTab1 = nullptr;

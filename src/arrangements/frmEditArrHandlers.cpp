@@ -2,9 +2,9 @@
 #include "arrangements/frmEditArr.h"
 
 #include "arrangements/ArrTexts.h"
-#include "arrangements/QtEditParts.h"
 #include "core/Reports.h"
 #include "core/ScopedFlag.h"
+#include "toolkit/QtPanelParts.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -25,6 +25,16 @@ using namespace EditFields;
 constexpr int ArrangementChanged = 2; ///< question code
 constexpr const char* On = "On";
 constexpr const char* Off = "Off";
+
+// Colours of the switches and of the highlight, blue-green-red.
+namespace EditColour
+{
+constexpr int MuteOn = 255;
+constexpr int SoloOn = 65280;
+constexpr int Off = 0xC0C0C0;
+constexpr int Highlight = 0xFFFF00;
+constexpr int HighlightText = 0;
+} // namespace EditColour
 
 std::string_view editText(Field field) { return slice(Arr.ArrEditBuf, field); }
 
@@ -227,12 +237,6 @@ void frmEditArr::showTrackSwitches()
         CommM[track]->setAccessibleDescription(QLatin1String(mute ? On : Off));
         CommS[track]->setAccessibleDescription(QLatin1String(solo ? On : Off));
     }
-}
-
-void frmEditArr::turnPage(int step)
-{
-    const int count = SSTab1->count();
-    SSTab1->setCurrentIndex((SSTab1->currentIndex() + step + count) % count);
 }
 
 // Showing ArrEditBuf.

@@ -1,13 +1,13 @@
-// The controls that the arrangement editor is made of: lists that complete typed text, faders with their maximum at the
-// top, buttons and fields in the stated colours.
+// The controls that the windows on the instrument's parameters are made of: lists, faders with their maximum at the
+// top, pages, buttons and fields in the stated colours.
 #pragma once
-
-#include "arrangements/ArrParameters.h"
 
 #include <QCompleter>
 #include <QHash>
 #include <QStringList>
 #include <functional>
+#include <span>
+#include <string_view>
 
 class QColor;
 class QComboBox;
@@ -17,7 +17,11 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QSlider;
+class QTabWidget;
 class QWidget;
+
+/// The rows of a list from position 0: words of the instrument, Latin-1.
+using ChoiceList = std::span<const std::string_view>;
 
 QString fromPanel(std::string_view text); ///< words and names of the instrument: Latin-1
 
@@ -29,7 +33,7 @@ public:
         QStringList texts;
         QString widest;
     };
-    const Rows& of(ArrList list, const QFontMetrics& metrics);
+    const Rows& of(ChoiceList list, const QFontMetrics& metrics);
     QCompleter completer; ///< a stand-in that no combo keeps
 
 private:
@@ -38,9 +42,15 @@ private:
 
 /// A list to choose from. Typed text that equals a row, upper and lower case alike, becomes the row; what is left of
 /// other text when the typing ends gives way to the row that counts.
-QComboBox* makeTypedChoice(QWidget* parent, ChoiceRows& rows, ArrList list);
+QComboBox* makeTypedChoice(QWidget* parent, ChoiceRows& rows, ChoiceList list);
 /// A list without typing.
-QComboBox* makeChoice(QWidget* parent, ChoiceRows& rows, ArrList list);
+QComboBox* makeChoice(QWidget* parent, ChoiceRows& rows, ChoiceList list);
+/// A new page of a tab control, to be filled; what does not fit into the window is scrolled. A page stands in its place
+/// before its controls are made: a list that changes its font afterwards is costly.
+QWidget* addPanelPage(QTabWidget* pages, const QString& caption);
+/// Ctrl with Page Down and Page Up turns the pages, round and round.
+void turnPagesByKeys(QWidget* window, QTabWidget* pages);
+
 /// Lets the lists, fields and buttons of a finished page shrink to the height of their text, so that much fits into a
 /// small window.
 void letShrink(QWidget* content);
@@ -48,7 +58,7 @@ void letShrink(QWidget* content);
 void showPosition(QComboBox* combo, int position);
 
 /// A vertical fader, its maximum at the top, or a horizontal one. `largeStep` is that of the page keys.
-QSlider* makeFader(QWidget* parent, Qt::Orientation orientation, const ArrParameter& field, int largeStep);
+QSlider* makeFader(QWidget* parent, Qt::Orientation orientation, int low, int high, int largeStep);
 
 /// A label for a value, as wide as its widest text.
 QLabel* makeValueText(QWidget* parent, const char* widest);
@@ -62,15 +72,6 @@ void onMousePress(QWidget* widget, std::function<void()> handler);
 
 /// Colours stand as blue-green-red numbers: 255 is red.
 QColor colourOf(int blueGreenRed);
-
-namespace EditColour
-{
-inline constexpr int MuteOn = 255;
-inline constexpr int SoloOn = 65280;
-inline constexpr int Off = 0xC0C0C0;
-inline constexpr int Highlight = 0xFFFF00;
-inline constexpr int HighlightText = 0;
-} // namespace EditColour
 
 /// A button whose face is a colour; `letter` stands on it.
 QPushButton* makeColourButton(QWidget* parent, const char* letter);

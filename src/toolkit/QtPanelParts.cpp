@@ -1,7 +1,8 @@
-// Ready-made controls: what all combos, faders, fields and buttons of the editor have in common.
-#include "arrangements/QtEditParts.h"
+// Ready-made controls: what all combos, faders, fields and buttons have in common.
+#include "toolkit/QtPanelParts.h"
 
 #include "toolkit/Choices.h"
+#include "toolkit/ControlArray.h"
 
 #include <QComboBox>
 #include <QCompleter>
@@ -10,9 +11,12 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QShortcut>
 #include <QSlider>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
+#include <QTabWidget>
 
 #include <algorithm>
 
@@ -143,7 +147,7 @@ QString fromPanel(std::string_view text)
     return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-const ChoiceRows::Rows& ChoiceRows::of(ArrList list, const QFontMetrics& metrics)
+const ChoiceRows::Rows& ChoiceRows::of(ChoiceList list, const QFontMetrics& metrics)
 {
     Rows& rows = rows_[list.data()];
     if (rows.texts.isEmpty()) {
@@ -156,7 +160,7 @@ const ChoiceRows::Rows& ChoiceRows::of(ArrList list, const QFontMetrics& metrics
     return rows;
 }
 
-QComboBox* makeChoice(QWidget* parent, ChoiceRows& rows, ArrList list)
+QComboBox* makeChoice(QWidget* parent, ChoiceRows& rows, ChoiceList list)
 {
     const ChoiceRows::Rows& texts = rows.of(list, parent->fontMetrics());
     auto* combo = new ChoiceBox(parent, texts.widest);
@@ -165,12 +169,41 @@ QComboBox* makeChoice(QWidget* parent, ChoiceRows& rows, ArrList list)
     return combo;
 }
 
-QComboBox* makeTypedChoice(QWidget* parent, ChoiceRows& rows, ArrList list)
+QComboBox* makeTypedChoice(QWidget* parent, ChoiceRows& rows, ChoiceList list)
 {
     QComboBox* combo = makeChoice(parent, rows, list);
     giveField(combo, &rows.completer);
     completeTypedText(combo);
     return combo;
+}
+
+QWidget* addPanelPage(QTabWidget* pages, const QString& caption)
+{
+    auto* area = new QScrollArea(pages);
+    area->setObjectName(memberName("page", pages->count()));
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    pages->addTab(area, caption);
+    auto* page = new QWidget(area->viewport());
+    area->setWidget(page);
+    page->setAutoFillBackground(false);
+    area->viewport()->setAutoFillBackground(false);
+    return page;
+}
+
+void turnPagesByKeys(QWidget* window, QTabWidget* pages)
+{
+    struct Turn {
+        int key;
+        int step;
+    };
+    for (const Turn turn : {Turn{Qt::Key_PageDown, 1}, Turn{Qt::Key_PageUp, -1}}) {
+        auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(turn.key)), window);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        QObject::connect(shortcut, &QShortcut::activated, pages, [pages, turn] {
+            pages->setCurrentIndex((pages->currentIndex() + turn.step + pages->count()) % pages->count());
+        });
+    }
 }
 
 void letShrink(QWidget* content)
@@ -188,10 +221,10 @@ void showPosition(QComboBox* combo, int position)
     combo->setCurrentIndex(position >= 0 && position < combo->count() ? position : -1);
 }
 
-QSlider* makeFader(QWidget* parent, Qt::Orientation orientation, const ArrParameter& field, int largeStep)
+QSlider* makeFader(QWidget* parent, Qt::Orientation orientation, int low, int high, int largeStep)
 {
     auto* fader = new QSlider(orientation, parent);
-    fader->setRange(field.low, field.high);
+    fader->setRange(low, high);
     fader->setSingleStep(1);
     fader->setPageStep(largeStep);
     ignoreWheelWithoutFocus(fader);
