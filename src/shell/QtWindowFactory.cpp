@@ -4,6 +4,12 @@
 #include "arrangements/frmArrU.h"
 #include "arrangements/frmEditArr.h"
 #include "core/Dichiarazioni.h"
+#include "midi/frmMsgEx.h"
+#include "programs/frmDrum.h"
+#include "programs/frmPcgAE.h"
+#include "programs/frmPrgUN.h"
+#include "shell/frmAbout.h"
+#include "shell/frmGuida.h"
 
 ChildWindow* makeChildWindow(int windowKind, int slot)
 {
@@ -12,6 +18,24 @@ ChildWindow* makeChildWindow(int windowKind, int slot)
         return new frmArrU(slot);
     case WindowKind::EditArr:
         return new frmEditArr;
+    case WindowKind::MessageMonitor:
+        return new frmMsgEx;
+    case WindowKind::Guide:
+        return frmGuida::open();
+    case WindowKind::About:
+        return new frmAbout;
+    case WindowKind::PrgBankA:
+    case WindowKind::PrgBankA + 1:
+    case WindowKind::PrgBankA + 2:
+    case WindowKind::PrgBankA + 3:
+    case WindowKind::PrgBankE:
+        return new frmPcgAE(windowKind);
+    case WindowKind::DrumKits:
+    case WindowKind::Percussion:
+        return new frmDrum(windowKind);
+    case WindowKind::PrgFile:
+    case WindowKind::PrgNew:
+        return new frmPrgUN(windowKind, slot);
     default:
         return nullptr;
     }

@@ -1,6 +1,8 @@
 // The panel's labels in their order, from left to right; each begins where the one before ends.
 #include "shell/StatusPanelWidget.h"
 
+#include "shell/AboutTexts.h"
+
 #include "core/Strings.h"
 #include "core/Words.h"
 #include "midi/MIDI.h"
@@ -60,12 +62,7 @@ private:
     bool isCut() const { return fontMetrics().horizontalAdvance(text()) > contentsRect().width(); }
 };
 
-QString outputHint()
-{
-    const std::string port = MidiOutputName();
-    return QString::fromUtf8(port.empty() ? ResText(Words::NoOutputHint)
-                                          : withArgument(ResText(Words::OutputHint), port));
-}
+QString outputHint() { return QString::fromUtf8(outputPortText().c_str()); }
 
 } // namespace
 

@@ -129,7 +129,7 @@ const std::vector<MenuRow> Rows = {
     separator("mnuSep12"),
 
     menu("mnuHelp", 47),
-    {Type::Item, "mnuGuida", 47, nullptr, "F1", nullptr},
+    item("mnuGuida", 47, &frmMain::mnuWindowKind_Click, Guide, "F1"),
     item("mnuInfo", 30, &frmMain::mnuWindowKind_Click, About),
 };
 // clang-format on

@@ -147,21 +147,21 @@ TEST_F(MainWindow, theOpenItemIsOffWithEightWindowsAndOnAgainWithSeven)
     EXPECT_EQ(App.ArrUCount, 7);
 }
 
-TEST_F(MainWindow, aKindWithoutAWindowIsReadAndShowsNothing)
+TEST_F(MainWindow, aFileWhoseWindowCannotBeMadeIsReadAndShowsNothing)
 {
     user.files.push_back({true, songs.put("stage.gbl", globalFile()), 4, false});
-    start();
+    startWithoutChildren();
     item("mnuApriGbl")->trigger();
     EXPECT_TRUE(window->area()->subWindowList().isEmpty());
     EXPECT_FALSE(item("mnuRecentFile(0)")->isVisible());
     EXPECT_EQ(App.LastDirGbl, songs.path());
 }
 
-TEST_F(MainWindow, itemsOfWindowsThatDoNotExistDoNothing)
+TEST_F(MainWindow, itemsWhoseWindowCannotBeMadeShowNothing)
 {
-    start();
-    for (const char* name : {"mnuArrA", "mnuStyB", "mnuWProgC", "mnuDrum", "mnuMsgEx", "mnuTastiera", "mnuInfo",
-                             "mnuNuovoArr", "mnuGuida"}) {
+    startWithoutChildren();
+    for (const char* name :
+         {"mnuArrA", "mnuStyB", "mnuWProgC", "mnuDrum", "mnuMsgEx", "mnuTastiera", "mnuInfo", "mnuGuida"}) {
         EXPECT_TRUE(item(name)->isEnabled()) << name;
         item(name)->trigger();
     }

@@ -111,6 +111,12 @@ protected:
         });
         return show();
     }
+    /// With windows that cannot be made.
+    frmMain& startWithoutChildren()
+    {
+        window = std::make_unique<frmMain>([](int, int) { return nullptr; });
+        return show();
+    }
     frmMain& show()
     {
         window->Form_Load();

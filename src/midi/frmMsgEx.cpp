@@ -1,0 +1,90 @@
+// The monitor's text takes a dump of 21666 bytes as one block, so it is laid out without looking for words to break at.
+#include "midi/frmMsgEx.h"
+
+#include "core/Dichiarazioni.h"
+#include "core/Shell.h"
+#include "core/Strings.h"
+#include "midi/MIDI.h"
+
+#include <QFontDatabase>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTextOption>
+#include <algorithm>
+
+namespace
+{
+
+constexpr int CaptionRow = 91;
+constexpr TwipsSize DefaultSize{5760, 8000};
+constexpr TwipsSize LargestSize{5760, 8000};
+constexpr const char* MenuItem = "mnuMsgEx";
+
+/// Blocks that are kept, the newest: notes that are logged one by one would otherwise pile up without end.
+constexpr int KeptBlocks = 4000;
+
+} // namespace
+
+frmMsgEx::frmMsgEx() : ChildWindow("frmMsgEx", &AppState::OtherCount)
+{
+    Tag = WindowBuffer::fresh(WindowKind::MessageMonitor, 0);
+    setWindowTitle(QString::fromUtf8(ResText(CaptionRow).c_str()));
+    Text1 = new QPlainTextEdit(this);
+    Text1->setObjectName(QStringLiteral("Text1"));
+    Text1->setAccessibleName(windowTitle());
+    Text1->setReadOnly(true);
+    Text1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    Text1->setUndoRedoEnabled(false);
+    Text1->setMaximumBlockCount(KeptBlocks);
+    Text1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    Text1->setFrameShape(QFrame::NoFrame);
+    Text1->setContextMenuPolicy(Qt::NoContextMenu);
+    setWidget(Text1);
+    openAtRow(WindowKind::MessageMonitor, DefaultSize);
+    if (App.shell)
+        App.shell->enableMenuItem(MenuItem, false);
+    MsgLogAttach(this);
+    Midi.MsgLogActive = true;
+}
+
+frmMsgEx::~frmMsgEx() { MsgLogAttach(nullptr); }
+
+void frmMsgEx::unload()
+{
+    MsgLogAttach(nullptr);
+    Midi.MsgLogActive = false;
+    keepInRow(WindowKind::MessageMonitor);
+    // Unlike the banks the monitor does not come back at the next start.
+    App.WinPos[WindowKind::MessageMonitor].Open = 0;
+    if (App.shell)
+        App.shell->enableMenuItem(MenuItem, true);
+}
+
+void frmMsgEx::resizeEvent(QResizeEvent* event)
+{
+    ChildWindow::resizeEvent(event);
+    keepWithinLimits();
+}
+
+void frmMsgEx::keepWithinLimits()
+{
+    if (!isVisible() || isMaximized() || isMinimized())
+        return;
+    const WindowPosition now = positionInTwips();
+    const TwipsSize allowed{std::min(now.width, LargestSize.width), std::min(now.height, LargestSize.height)};
+    WindowPosition& place = App.WinPos[WindowKind::MessageMonitor];
+    place.width = allowed.width;
+    place.height = allowed.height;
+    if (allowed.width != now.width || allowed.height != now.height)
+        resizeInTwips(allowed.width, allowed.height);
+}
+
+void frmMsgEx::clear() { Text1->clear(); }
+
+void frmMsgEx::append(const std::string& text)
+{
+    QTextCursor end(Text1->document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(QString::fromLatin1(text.data(), static_cast<int>(text.size())));
+    Text1->verticalScrollBar()->setValue(Text1->verticalScrollBar()->maximum());
+}
