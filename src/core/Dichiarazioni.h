@@ -82,6 +82,8 @@ struct AppState : Settings {
     int OtherCount = 0;
     int GblCount = 0;
 
+    bool GblCurrentChanged = false; ///< a global block was sent in this run: the settings keep it from now on
+
     UserInterface* ui = nullptr; ///< where messages, questions and notices go; set before SubMain
     Shell* shell = nullptr;      ///< the main window as the children see it; set by frmMain
 };

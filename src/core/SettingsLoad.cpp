@@ -74,6 +74,7 @@ int SettingsSave()
     FileContent file;
     if (const int error = readFile(SettingsFile::path(), SettingsFile::FileLength, file); error != 0)
         return error;
+    App.GlobalValid = App.GlobalValid || App.GblCurrentChanged;
     Settings onDisk;
     const bool usable = SettingsFile::decode(file.bytes, onDisk);
     return replaceFile(SettingsFile::path(),

@@ -85,6 +85,14 @@ constexpr std::array Rows = {
               "Tarvolyne è indipendente dal costruttore dello strumento. I nomi dei prodotti appartengono ai loro "
               "proprietari.",
               "Tarvolyne is independent of the instrument's maker. Product names belong to their owners."},
+    StringRow{Words::CurveHint, "Si vede soltanto: la curva non viene cambiata da qui",
+              "Shown only: the curve is not changed from here"},
+    StringRow{Words::GlobalLoadHint, "Trasmette tutti i parametri globali", "Sends all global parameters"},
+    StringRow{Words::GlobalModeHint, "Porta lo strumento nel modo GLOBAL", "Puts the instrument into GLOBAL mode"},
+    StringRow{Words::ResetScaleHint, "Azzera le dodici note; va allo strumento con la prossima modifica o con Load",
+              "Sets the twelve notes to 0; sent with the next change or with Load"},
+    StringRow{Words::ChannelsHint, "Canale con cui Tarvolyne trasmette; non fa parte del blocco globale",
+              "The channel that Tarvolyne sends on; it is no part of the global block"},
 };
 
 static_assert(Rows.size() == static_cast<std::size_t>(Words::count()), "a row for each name in Words");

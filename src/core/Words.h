@@ -72,6 +72,11 @@ enum Id : int {
     AboutDescription, ///< the about window
     AboutVersion,
     AboutDisclaimer,
+    CurveHint, ///< tool tips of the global window
+    GlobalLoadHint,
+    GlobalModeHint,
+    ResetScaleHint,
+    ChannelsHint,
     // The next name stands here, its row at the end of SupplementText.cpp.
     End
 };

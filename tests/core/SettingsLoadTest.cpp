@@ -290,6 +290,22 @@ TEST(SettingsSave, writesAtExitWhatTheNextStartReads)
     EXPECT_EQ(run.looking.asked, 1) << "on the first start alone";
 }
 
+TEST(SettingsSave, keepsAGlobalBlockThatWasSentInThisRun)
+{
+    Start run;
+    SettingsLoad();
+    App.GblCurrent = std::string(448, 'g');
+    EXPECT_EQ(SettingsSave(), 0);
+    EXPECT_EQ(run.folder.get(Ini)[48], 0) << "nothing was sent";
+
+    App.GblCurrentChanged = true;
+    EXPECT_EQ(SettingsSave(), 0);
+    App.GblCurrent.clear();
+    SettingsLoad();
+    EXPECT_TRUE(App.GlobalValid);
+    EXPECT_EQ(App.GblCurrent, std::string(448, 'g'));
+}
+
 TEST(SettingsSave, savesTheLanguageOfTheNextStart)
 {
     Start run;

@@ -12,7 +12,7 @@ toolkit
 midi
 database
 instrument
-styles programs
+styles programs global
 arrangements
 clipboard
 shell
