@@ -27,15 +27,34 @@ std::string_view pointAndExtension(std::string_view path)
                                                                                          : std::string_view();
 }
 
+// The Latin-1 letters in UTF-8: a lead byte, then the capital or, a fixed distance on, the small letter.
+constexpr int LatinLead = 0xC3;
+constexpr int FirstCapital = 0x80, LastCapital = 0x9E, TimesSign = 0x97;
+constexpr int CaseDistance = 0x20;
+
+bool followsLatinLead(std::string_view name, std::size_t place)
+{
+    return place > 0 && static_cast<unsigned char>(name[place - 1]) == LatinLead;
+}
+
+bool isLatinCapital(int byte) { return byte >= FirstCapital && byte <= LastCapital && byte != TimesSign; }
+
 /// The byte at `place` in lower case: an ASCII letter, or the second byte of a Latin-1 letter in UTF-8.
 int foldedByte(std::string_view name, std::size_t place)
 {
-    constexpr int LatinLead = 0xC3, FirstCapital = 0x80, LastCapital = 0x9E, TimesSign = 0x97, CaseDistance = 0x20;
     const int byte = static_cast<unsigned char>(name[place]);
     const bool asciiCapital = byte >= 'A' && byte <= 'Z';
-    const bool latinCapital = place > 0 && static_cast<unsigned char>(name[place - 1]) == LatinLead &&
-                              byte >= FirstCapital && byte <= LastCapital && byte != TimesSign;
+    const bool latinCapital = followsLatinLead(name, place) && isLatinCapital(byte);
     return asciiCapital || latinCapital ? byte + CaseDistance : byte;
+}
+
+/// The byte at `place` as a capital.
+int upperByte(std::string_view name, std::size_t place)
+{
+    const int byte = static_cast<unsigned char>(name[place]);
+    const bool asciiSmall = byte >= 'a' && byte <= 'z';
+    const bool latinSmall = followsLatinLead(name, place) && isLatinCapital(byte - CaseDistance);
+    return asciiSmall || latinSmall ? byte - CaseDistance : byte;
 }
 
 } // namespace
@@ -58,6 +77,14 @@ bool sameFileName(std::string_view one, std::string_view other)
         if (foldedByte(one, i) != foldedByte(other, i))
             return false;
     return true;
+}
+
+std::string upperFileName(std::string_view name)
+{
+    std::string upper(name);
+    for (std::size_t i = 0; i < name.size(); ++i)
+        upper[i] = static_cast<char>(upperByte(name, i));
+    return upper;
 }
 
 int FileKindOf(std::string_view path)

@@ -30,6 +30,9 @@ int FileKindOf(std::string_view path);
 /// True when both file names are equal but for the case of ASCII letters and of the Latin-1 letters in UTF-8.
 bool sameFileName(std::string_view one, std::string_view other);
 
+/// The name in capitals, the same letters: what a list of names is sorted by. Other bytes stay.
+std::string upperFileName(std::string_view name);
+
 /// The extension of a file kind with its point, ".arr" to ".gbl"; empty for 0.
 const char* extensionOf(int fileKind);
 

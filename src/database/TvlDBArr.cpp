@@ -1,10 +1,11 @@
-// Reading the arrangement database: whether it is there, and the number of a file.
+// Reading the arrangement database: whether it is there, the number of a file, and the list as the user sees it.
 #include "database/TvlDBArr.h"
 
 #include "core/Dichiarazioni.h"
 #include "core/PathNames.h"
 #include "core/RandomFile.h"
 #include "core/Reports.h"
+#include "database/DBArrTable.h"
 
 #include <filesystem>
 
@@ -17,62 +18,87 @@ constexpr int DatabaseAbsentCode = 6;
 constexpr int DatabaseWrongCode = 7;
 constexpr const char* EditTitle = "Edit TvlDBArr";
 
-enum class State { Valid, Wrong, Absent, Unreadable };
-
-/// Reads the whole file; an empty one is deleted. `bytes` is filled only when Valid, and then to the full length.
-State readDatabase(ByteBuffer& bytes)
-{
-    FileContent content;
-    if (readFile(databasePath(), DBArrLayout::FileLength, content) != FileError::None)
-        return State::Unreadable;
-    if (content.length == 0) {
-        std::error_code error;
-        if (std::filesystem::exists(databasePath(), error) && deleteFile(databasePath()) != FileError::None)
-            return State::Unreadable;
-        return State::Absent;
-    }
-    if (!content.bytes.starts_with(DBArrLayout::Signature))
-        return State::Wrong;
-    bytes = std::move(content.bytes);
-    bytes.resize(DBArrLayout::FileLength, '\0');
-    return State::Valid;
-}
-
-/// The name under which an arrangement file is indexed: the part of its stem that the record has room for.
-std::string indexName(const std::string& path)
-{
-    const std::string stem = FileKindOf(path) == FileKind::Arr ? FileNameOf(path) : FileStemOf(path);
-    return std::string(trimRight(std::string_view(stem).substr(0, DBArrLayout::RecordName.size)));
-}
-
 } // namespace
 
 std::string databasePath() { return App.StateDir + "/TvlDBArr"; }
 
+DBArrContent DBArrRead()
+{
+    DBArrContent read;
+    FileContent content;
+    read.fileError = readFile(databasePath(), DBArrLayout::FileLength, content);
+    std::error_code error;
+    if (read.fileError == FileError::None && content.length == 0 && std::filesystem::exists(databasePath(), error))
+        read.fileError = deleteFile(databasePath());
+    read.length = content.length;
+    if (read.fileError != FileError::None) {
+        read.state = DBArrFile::Unreadable;
+    } else if (content.length > 0) {
+        read.state = content.bytes.starts_with(DBArrLayout::Signature) ? DBArrFile::Valid : DBArrFile::Wrong;
+        if (read.state == DBArrFile::Valid) {
+            read.bytes = std::move(content.bytes);
+            read.bytes.resize(DBArrLayout::FileLength, '\0');
+        }
+    }
+    return read;
+}
+
 bool DBArrPresent(bool report)
 {
-    ByteBuffer ignored;
-    const State state = readDatabase(ignored);
-    if (report && state == State::Wrong)
+    const DBArrFile state = DBArrRead().state;
+    if (report && state == DBArrFile::Wrong)
         ReportError(DatabaseWrongCode, EditTitle, {});
-    else if (report && state != State::Valid)
+    else if (report && state != DBArrFile::Valid)
         ReportError(DatabaseAbsentCode, EditTitle, {});
-    return state == State::Valid;
+    return state == DBArrFile::Valid;
 }
 
 int DBArrLookup(const std::string& path)
 {
-    if (!DBArr.DBArrWindowOpen && readDatabase(DBArr.DBArrBuffer) != State::Valid)
+    if (!DBArr.DBArrWindowOpen) {
+        DBArrContent read = DBArrRead();
+        if (read.state != DBArrFile::Valid)
+            return 0;
+        DBArr.DBArrBuffer = std::move(read.bytes);
+    }
+    return DBArrLookupIn(DBArr.DBArrBuffer, path);
+}
+
+int DBArrLookupIn(std::string_view image, const std::string& path)
+{
+    if (FolderOf(path) != dbArrFolder(image))
         return 0;
-    if (FolderOf(path) != trimRight(slice(DBArr.DBArrBuffer, DBArrLayout::WorkingFolder)))
-        return 0;
-    const std::string wanted = indexName(path);
+    const std::string wanted =
+        upperFileName(dbArrName(FileKindOf(path) == FileKind::Arr ? FileNameOf(path) : FileStemOf(path)));
     for (int slot = DBArrLayout::FirstSlot; slot <= DBArrLayout::LastSlot; ++slot) {
-        const std::string_view record = slice(DBArr.DBArrBuffer, DBArrLayout::record(slot));
+        const std::string_view record = slice(image, DBArrLayout::record(slot));
         if (byteAt(record, DBArrLayout::RecordName.offset) == 0)
             return 0;
         if (sameFileName(trimRight(slice(record, DBArrLayout::RecordName)), wanted))
             return word16LowFirst(record, DBArrLayout::RecordIdOffset);
     }
     return 0;
+}
+
+std::string_view dbArrName(std::string_view fileName)
+{
+    return trimRight(fileName.substr(0, DBArrLayout::RecordName.size));
+}
+
+std::string dbArrFolder(std::string_view image)
+{
+    return std::string(trimRight(slice(image, DBArrLayout::WorkingFolder)));
+}
+
+std::vector<DBArrRow> dbArrRows(std::string_view image)
+{
+    std::vector<DBArrRow> rows = {{DBArrLayout::BankAId, "TvlArrA"}, {DBArrLayout::BankBId, "TvlArrB"}};
+    for (int slot = DBArrLayout::FirstSlot; slot <= DBArrLayout::LastSlot; ++slot) {
+        const std::string_view record = slice(image, DBArrLayout::record(slot));
+        if (byteAt(record, DBArrLayout::RecordName.offset) == 0)
+            break;
+        std::string name(trimRight(slice(record, DBArrLayout::RecordName)));
+        rows.push_back({word16LowFirst(record, DBArrLayout::RecordIdOffset), name + extensionOf(FileKind::Arr)});
+    }
+    return rows;
 }

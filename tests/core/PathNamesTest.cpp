@@ -106,3 +106,11 @@ TEST(InfoStem, isTheFirst24BytesWithoutBlanksAtTheEnd)
     EXPECT_EQ(infoStem("abcdefghijklmnopqrstuvwxyz"), "abcdefghijklmnopqrstuvwx");
     EXPECT_EQ(infoStem("abcdefghijklmnopqrstuvw yz"), "abcdefghijklmnopqrstuvw");
 }
+
+TEST(UpperFileName, turnsTheLettersThatFoldIntoCapitalsAndLeavesAllOthers)
+{
+    EXPECT_EQ(upperFileName("song 1_az{"), "SONG 1_AZ{");
+    EXPECT_EQ(upperFileName("Perch\xC3\xA9 \xC3\xA0\xC3\xBE"), "PERCH\xC3\x89 \xC3\x80\xC3\x9E");
+    EXPECT_EQ(upperFileName("\xC3\xB7\xC3\x9F\xC3\xBF\xC4\xA0\xE8"), "\xC3\xB7\xC3\x9F\xC3\xBF\xC4\xA0\xE8");
+    EXPECT_EQ(upperFileName(""), "");
+}
