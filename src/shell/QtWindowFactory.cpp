@@ -4,12 +4,15 @@
 #include "arrangements/frmArrU.h"
 #include "arrangements/frmEditArr.h"
 #include "core/Dichiarazioni.h"
+#include "global/frmGbl.h"
 #include "midi/frmMsgEx.h"
 #include "programs/frmDrum.h"
 #include "programs/frmPcgAE.h"
 #include "programs/frmPrgUN.h"
 #include "shell/frmAbout.h"
 #include "shell/frmGuida.h"
+#include "styles/frmStyAB.h"
+#include "styles/frmStyUN.h"
 
 ChildWindow* makeChildWindow(int windowKind, int slot)
 {
@@ -36,6 +39,15 @@ ChildWindow* makeChildWindow(int windowKind, int slot)
     case WindowKind::PrgFile:
     case WindowKind::PrgNew:
         return new frmPrgUN(windowKind, slot);
+    case WindowKind::StyBankA:
+    case WindowKind::StyBankB:
+        return new frmStyAB(windowKind);
+    case WindowKind::StyFile:
+    case WindowKind::StyNew:
+        return new frmStyUN(windowKind, slot);
+    case WindowKind::GlobalInstrument:
+    case WindowKind::GlobalFile:
+        return new frmGbl(slot);
     default:
         return nullptr;
     }
