@@ -32,6 +32,11 @@ public:
     virtual const WindowBuffer& arrImage() const = 0;
     /// Record `row` has a new name: the row's text keeps its first four characters, the name follows.
     virtual void arrRowRenamed(int row) = 0;
+    /// A find by ID has come to this window: it selects row Arr.FindIdRow alone and begins to send it. A row above 63
+    /// selects nothing.
+    virtual void startSearchById() {}
+    /// Another find begins: what this window still had to do for the one before is dropped.
+    virtual void dropSearch() {}
 };
 
 struct ArrState {

@@ -61,7 +61,8 @@ frmArrU::frmArrU(int slot) : ChildWindow("frmArrU", &AppState::ArrUCount)
     wireTimers();
     loadFile();
     restorePlace();
-    startSearchById();
+    if (Arr.FindIdActive)
+        startSearchById();
 }
 
 frmArrU::~frmArrU() { std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this)); }
@@ -271,9 +272,13 @@ void frmArrU::restorePlace()
 
 void frmArrU::startSearchById()
 {
-    if (!Arr.FindIdActive)
-        return;
     List1->select(Arr.FindIdRow);
     TimerFindID->setStage(StageTimer::Rest);
     TimerFindID->enable();
+}
+
+void frmArrU::dropSearch()
+{
+    TimerFindID->disable();
+    TimerFindID->setStage(StageTimer::Rest);
 }

@@ -42,7 +42,6 @@ private:
     void enableByContent();
     void enableByStyles();
     void restorePlace();
-    void startSearchById();
 
     // Handle: the list and the details.
     void List1_Click();
@@ -97,6 +96,8 @@ private:
     static void enableMenuItem(const char* name, bool enabled);
     const WindowBuffer& arrImage() const override { return Tag; }
     void arrRowRenamed(int row) override;
+    void startSearchById() override;
+    void dropSearch() override;
 
     SessionEntry& entry() const;
     const ByteBuffer& image() const { return Tag.bytes(); }

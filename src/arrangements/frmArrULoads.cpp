@@ -1,5 +1,6 @@
 // The staged loads of an arrangement window: each handler reads the Interval of its timer, does that stage, and returns
 // to the message loop.
+#include "arrangements/ArrFind.h"
 #include "arrangements/ArrRows.h"
 #include "arrangements/ArrSends.h"
 #include "arrangements/ArrStages.h"
@@ -306,8 +307,7 @@ void frmArrU::findLoadPrg()
 void frmArrU::findSelect()
 {
     List1_Click();
-    Arr.FindIdActive = false;
-    Arr.FindIdOwner = nullptr;
+    ArrFindEnd();
     TimerFindID->setStage(StageTimer::Rest);
 }
 
@@ -361,8 +361,6 @@ void frmArrU::abandonStages()
         Arr.LoadingAll = false;
         Arr.LoadingAllOwner = nullptr;
     }
-    if (searchIsMine() || TimerFindID->enabled()) {
-        Arr.FindIdActive = false;
-        Arr.FindIdOwner = nullptr;
-    }
+    if (searchIsMine() || TimerFindID->enabled())
+        ArrFindEnd();
 }

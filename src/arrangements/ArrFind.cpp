@@ -1,0 +1,72 @@
+// One find at a time: a new one takes the place of whatever another window was still loading for the one before.
+#include "arrangements/ArrFind.h"
+
+#include "arrangements/ArrEdit.h"
+#include "core/Dichiarazioni.h"
+#include "core/PathNames.h"
+#include "core/Shell.h"
+#include "files/WindowBuffer.h"
+
+namespace
+{
+
+void begin(int row)
+{
+    for (ArrRowOwner* owner : Arr.rowOwners)
+        owner->dropSearch();
+    ArrFindEnd();
+    Arr.FindIdActive = true;
+    Arr.FindIdRow = row;
+}
+
+ArrRowOwner* openFile(const std::string& path)
+{
+    for (ArrRowOwner* owner : Arr.rowOwners)
+        if (owner->arrImage().kind() == WindowKind::ArrFile && sameFileName(owner->arrImage().path(), path))
+            return owner;
+    return nullptr;
+}
+
+ArrRowOwner* openBank(int windowKind)
+{
+    for (ArrRowOwner* owner : Arr.rowOwners)
+        if (owner->arrImage().kind() == windowKind)
+            return owner;
+    return nullptr;
+}
+
+} // namespace
+
+void ArrFindEnd()
+{
+    Arr.FindIdActive = false;
+    Arr.FindIdOwner = nullptr;
+    Arr.DBArrRequest.clear();
+}
+
+void ArrFindInBank(int windowKind, int row)
+{
+    begin(row);
+    if (App.shell)
+        App.shell->showWindow(windowKind, 0);
+    if (ArrRowOwner* owner = openBank(windowKind))
+        owner->startSearchById();
+    else
+        ArrFindEnd(); // the bank could not be read, which was said
+}
+
+void ArrFindInFile(const std::string& path, int row)
+{
+    begin(row);
+    Arr.DBArrRequest = path;
+    if (ArrRowOwner* owner = openFile(path)) {
+        if (App.shell)
+            App.shell->bringForward(WindowKind::ArrFile, owner->arrImage().path());
+        owner->startSearchById();
+        return;
+    }
+    if (App.shell)
+        App.shell->openPath(path + extensionOf(FileKind::Arr), FileKind::Arr, App.ReadOnlyOpen);
+    if (!openFile(path))
+        ArrFindEnd();
+}
