@@ -7,7 +7,6 @@
 #include "files/StyImage.h"
 #include "files/WindowLayout.h"
 
-#include <algorithm>
 #include <array>
 
 namespace
@@ -19,18 +18,6 @@ constexpr int FactoryStyles = 128;
 int styleNumber(std::string_view record) { return byteAt(record, ArrBlock::StyleNumber.offset); }
 int styleBank(std::string_view record) { return byteAt(record, ArrBlock::StyleBank.offset); }
 bool isUsed(std::string_view record) { return byteAt(record, ArrBlock::Name.offset) != 0; }
-
-/// A name for a list: bytes that are no characters show as blanks.
-std::string shownName(std::string_view record)
-{
-    std::string name(slice(record, ArrBlock::Name));
-    const auto isControl = [](char c) {
-        const auto value = static_cast<unsigned char>(c);
-        return value < 0x20 || (value >= 0x7F && value < 0xA0);
-    };
-    std::replace_if(name.begin(), name.end(), isControl, ' ');
-    return name;
-}
 
 } // namespace
 
@@ -44,7 +31,8 @@ std::string arrRowText(std::string_view image, int row)
     const std::string_view record = arrRecord(image, row);
     if (!isUsed(record))
         return rowCode(row);
-    return rowCode(row) + (styleBank(record) == ArrBlock::UserBank ? " +" : "  ") + shownName(record);
+    return rowCode(row) + (styleBank(record) == ArrBlock::UserBank ? " +" : "  ") +
+           rowName(slice(record, ArrBlock::Name));
 }
 
 std::vector<std::string> arrRowTexts(std::string_view image)

@@ -93,6 +93,10 @@ constexpr std::array Rows = {
               "Sets the twelve notes to 0; sent with the next change or with Load"},
     StringRow{Words::ChannelsHint, "Canale con cui Tarvolyne trasmette; non fa parte del blocco globale",
               "The channel that Tarvolyne sends on; it is no part of the global block"},
+    StringRow{Words::StyleLength, "Lunghezza dello style _ in byte", "Length of style _ in bytes"},
+    StringRow{Words::StyleGroup, "Byte fino alla fine del gruppo _; dopo una modifica, del gruppo soltanto",
+              "Bytes up to the end of group _; after a change, of the group alone"},
+    StringRow{Words::StyleTotal, "Lunghezza del file in byte", "Length of the file in bytes"},
 };
 
 static_assert(Rows.size() == static_cast<std::size_t>(Words::count()), "a row for each name in Words");

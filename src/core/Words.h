@@ -77,6 +77,9 @@ enum Id : int {
     GlobalModeHint,
     ResetScaleHint,
     ChannelsHint,
+    StyleLength, ///< what the figures of a style window mean; "_" is the panel code of the slot or slots
+    StyleGroup,
+    StyleTotal,
     // The next name stands here, its row at the end of SupplementText.cpp.
     End
 };

@@ -13,3 +13,14 @@ std::string rowCode(int row)
                   static_cast<unsigned>(place % RowsPerDecade + 1));
     return code;
 }
+
+std::string rowName(std::string_view name)
+{
+    const auto isControl = [](char c) {
+        const auto value = static_cast<unsigned char>(c);
+        return value < 0x20 || (value >= 0x7F && value < 0xA0);
+    };
+    std::string shown(name);
+    std::replace_if(shown.begin(), shown.end(), isControl, ' ');
+    return shown;
+}

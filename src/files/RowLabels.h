@@ -2,6 +2,10 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 /// The two-digit code of row 0 to 63: "11" to "88". Rows beyond go on in hexadecimal as the counter does.
 std::string rowCode(int row);
+
+/// A name as a list shows it, Latin-1: bytes that are no characters show as blanks.
+std::string rowName(std::string_view name);

@@ -181,8 +181,10 @@ std::vector<MenuItemState> menuStates(const ChildFacts* child, const ClipboardFa
 std::vector<MenuItemState> slotStates()
 {
     std::vector<MenuItemState> states = {
-        {"mnuApriArr", ArrSlotFree() != 0}, {"mnuApriSty", StySlotFree() != 0},     {"mnuApriPrg", PrgSlotFree() != 0},
-        {"mnuApriGbl", GblSlotFree() != 0}, {"mnuNuovoArr", ArrNewSlotFree() != 0}, {"mnuNuovoPrg", PrgSlotFree() != 0},
+        {"mnuApriArr", ArrSlotFree() != 0},     {"mnuApriSty", StySlotFree() != 0},
+        {"mnuApriPrg", PrgSlotFree() != 0},     {"mnuApriGbl", GblSlotFree() != 0},
+        {"mnuNuovoArr", ArrNewSlotFree() != 0}, {"mnuNuovoPrg", PrgSlotFree() != 0},
+        {"mnuNuovoSty", StySlotFree() != 0},
     };
     // A bank of programs has a single window, and its item is off while that is open.
     constexpr std::array BankItems = {"mnuWProgA", "mnuWProgB", "mnuWProgC", "mnuWProgD", "mnuWProgE"};

@@ -23,6 +23,7 @@ constexpr int OpeningRow = 111;
 constexpr int OpenFileRow = 67;
 constexpr int CodeAlreadyOpen = 16;
 constexpr int CodeAbsent = 27;
+constexpr int CodeFileNotFound = 5;
 
 /// The same in both languages.
 constexpr const char* Filters = "Arrangements (*.arr)|*.arr|Style (*.sty)|*.sty|Programs (*.prg/pgg)|*.prg;*.pgg|"
@@ -321,7 +322,6 @@ bool openByPath(const std::string& path, int fileKind, bool readOnly, const Wind
 
 bool openNewPrograms(const WindowMaker& makeWindow)
 {
-    constexpr int CodeFileNotFound = 5;
     const int slot = PrgSlotFree();
     if (slot == 0)
         return false;
@@ -339,6 +339,27 @@ bool openNewPrograms(const WindowMaker& makeWindow)
     entry.kind = PrgNew;
     entry.programType = 0;
     if (makeWindow(PrgNew, slot))
+        return true;
+    entry = before;
+    return false;
+}
+
+bool openNewStyles(const WindowMaker& makeWindow)
+{
+    const int slot = StySlotFree();
+    if (slot == 0)
+        return false;
+    if (StyFileRead(App.PathSty) != ReadResult::Read) {
+        ReportError(CodeFileNotFound, ApplicationTitle, App.PathSty);
+        return false;
+    }
+    SessionEntry& entry = App.Styles[static_cast<std::size_t>(slot - 1)];
+    const SessionEntry before = entry;
+    entry.used = true;
+    entry.path.clear();
+    entry.readOnly = false;
+    entry.linked = false;
+    if (makeWindow(StyNew, slot))
         return true;
     entry = before;
     return false;

@@ -43,3 +43,7 @@ bool openByPath(const std::string& path, int fileKind, bool readOnly, const Wind
 /// mnuNuovoPrg: an untitled program window (kind 22) in the lowest free slot, the template in its hand-over buffer with
 /// no program in it. A template that is missing is reported. True when a window came.
 bool openNewPrograms(const WindowMaker& makeWindow);
+
+/// mnuNuovoSty: an untitled style window (kind 24) in the lowest free slot, the template of empty styles in its
+/// hand-over buffer. A template that cannot be read is reported. True when a window came.
+bool openNewStyles(const WindowMaker& makeWindow);

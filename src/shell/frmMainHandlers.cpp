@@ -185,6 +185,8 @@ void frmMain::mnuNew_Click(int windowKind)
     finishSession();
     if (windowKind == WindowKind::PrgNew)
         openNewPrograms([this](int kind, int slot) { return makeWindow(kind, slot); });
+    if (windowKind == WindowKind::StyNew)
+        openNewStyles([this](int kind, int slot) { return makeWindow(kind, slot); });
     MenuSync();
 }
 

@@ -41,7 +41,7 @@ constexpr MenuRow languageItem(const char* name, int captionRow, int language)
 const std::vector<MenuRow> Rows = {
     menu("mnuFile", 2),
     item("mnuNuovoArr", 86, nullptr, 0, "Ctrl+N"),
-    item("mnuNuovoSty", 121, nullptr),
+    item("mnuNuovoSty", 121, &frmMain::mnuNew_Click, StyNew),
     item("mnuNuovoPrg", 87, &frmMain::mnuNew_Click, PrgNew),
     separator("mnuSep1"),
     item("mnuApriArr", 6, &frmMain::mnuOpen_Click, ArrFile, "Ctrl+O"),

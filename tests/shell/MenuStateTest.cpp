@@ -273,7 +273,8 @@ TEST_F(MenuState, openersAreOffWhenTheirSlotsAreFull)
         App.Programs[slot].used = true;
     for (std::size_t slot = 1; slot <= 8; ++slot)
         App.Globals[slot].used = true;
-    EXPECT_EQ(off(), (Names{"mnuApriArr", "mnuApriSty", "mnuApriPrg", "mnuApriGbl", "mnuNuovoArr", "mnuNuovoPrg"}));
+    EXPECT_EQ(off(), (Names{"mnuApriArr", "mnuApriSty", "mnuApriPrg", "mnuApriGbl", "mnuNuovoArr", "mnuNuovoPrg",
+                            "mnuNuovoSty"}));
 }
 
 TEST_F(MenuState, theItemOfAProgramBankIsOffWhileItsWindowIsOpen)
