@@ -147,6 +147,7 @@ void keepInSession(const WindowBuffer& tag)
     case WindowKind::ArrFile:
         return renameEntry(App.Arrangements, number - 1, path);
     case WindowKind::PrgFile:
+    case WindowKind::PrgNew: // its slot is one of the same eight
         return renameEntry(App.Programs, number - 1, path);
     case WindowKind::StyFile:
         return renameEntry(App.Styles, number - 1, path);

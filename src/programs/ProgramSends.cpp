@@ -64,15 +64,8 @@ std::optional<int> highlightedChannel()
     return channel >= 0 && channel <= LastChannel ? std::optional<int>(channel) : std::nullopt;
 }
 
-/// The MIDI channel, 0 to 15: the highlighted track's, else the window's own, which a program file keeps in itself.
-int channelOf(std::string_view tag, int kind)
-{
-    if (const auto channel = highlightedChannel())
-        return *channel;
-    constexpr int FileChannelOffset = WindowLayout::PrgFile.offset + PrgLayout::ChannelOffset;
-    const bool programFile = kind == WindowKind::PrgFile || kind == WindowKind::PrgNew;
-    return byteAt(tag, programFile ? FileChannelOffset : WindowLayout::ChannelOffset) & LastChannel;
-}
+/// The MIDI channel, 0 to 15: the highlighted track's, else the window's own.
+int channelOf(std::string_view tag) { return highlightedChannel().value_or(programChannel(tag)); }
 
 } // namespace
 
@@ -88,7 +81,7 @@ void ProgramSend(std::string_view tag, int index)
     const int kind = byteAt(tag, WindowLayout::KindOffset);
     // Required: a window without programs, or a row without a kit, repeats the bank and program of the last call.
     selectRow(tag, kind, index);
-    Midi.SysExOutput = MidiProgramSelect(channelOf(tag, kind), PrgSend.bank, PrgSend.program);
+    Midi.SysExOutput = MidiProgramSelect(channelOf(tag), PrgSend.bank, PrgSend.program);
 }
 
 ByteBuffer programDumpBody(std::string_view tag)

@@ -19,6 +19,16 @@ constexpr std::array<FactoryBank, 5> FactoryBanks{{
     {WindowKind::PrgBankE, 4, ProgramBank::E, 0},
 }};
 
+constexpr int LastChannel = 15;
+
+/// Where a window keeps its channel.
+int channelOffset(std::string_view tag)
+{
+    const int kind = byteAt(tag, WindowLayout::KindOffset);
+    const bool programFile = kind == WindowKind::PrgFile || kind == WindowKind::PrgNew;
+    return programFile ? WindowLayout::PrgFile.offset + PrgLayout::ChannelOffset : WindowLayout::ChannelOffset;
+}
+
 } // namespace
 
 std::optional<FactoryBank> factoryBankOf(int windowKind)
@@ -40,3 +50,7 @@ bool isReference(std::string_view record)
 {
     return byteAt(record, PrgLayout::RecordStateOffset) == PrgLayout::ReferenceRecord;
 }
+
+int programChannel(std::string_view tag) { return byteAt(tag, channelOffset(tag)) & LastChannel; }
+
+void setProgramChannel(ByteBuffer& tag, int channel) { putByte(tag, channelOffset(tag), channel & LastChannel); }

@@ -35,4 +35,9 @@ std::string_view programRecord(std::string_view tag, int row);
 /// True when a record only refers to a factory program.
 bool isReference(std::string_view record);
 
+/// The MIDI channel, 0 to 15, that a program window plays on: a user file keeps it in itself, a bank in its head.
+int programChannel(std::string_view tag);
+/// Stores it there; nothing is sent, and a file does not count as modified by it.
+void setProgramChannel(ByteBuffer& tag, int channel);
+
 constexpr bool isProgramRow(int row) { return row >= 0 && row < ProgramRows; }

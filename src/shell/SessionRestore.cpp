@@ -30,10 +30,9 @@ bool readPrograms(const SessionEntry& entry)
     return !entry.path.empty() && PrgFileRead(entry.path + extensionOf(kind)) == ReadResult::Read;
 }
 
-/// One entry of the last session. `whenUnmade` is what stays in its place when no window can be made for it.
+/// One entry of the last session; nothing stays of it when no window can be made.
 template <typename Entries>
-void restore(Entries& entries, std::size_t from, int slot, int windowKind, const SessionEntry& whenUnmade,
-             const WindowMaker& makeWindow)
+void restore(Entries& entries, std::size_t from, int slot, int windowKind, const WindowMaker& makeWindow)
 {
     const SessionEntry saved = entries[from];
     Files.OpenReadOnly = saved.readOnly;
@@ -45,7 +44,6 @@ void restore(Entries& entries, std::size_t from, int slot, int windowKind, const
     if (makeWindow(windowKind, slot))
         return;
     entry = before;
-    entries[from] = whenUnmade;
 }
 
 } // namespace
@@ -68,7 +66,7 @@ void ArrangementsRestore(const WindowMaker& makeWindow)
         if (entry.Open == 0 || entry.used)
             continue;
         if (readArrangements(entry))
-            restore(App.Arrangements, index, ArrSlotFree(), WindowKind::ArrFile, {}, makeWindow);
+            restore(App.Arrangements, index, ArrSlotFree(), WindowKind::ArrFile, makeWindow);
         else
             entry = {};
     }
@@ -81,7 +79,7 @@ void ProgramsRestore(const WindowMaker& makeWindow)
         if (entry.Open == 0 || entry.used)
             continue;
         if (readPrograms(entry))
-            restore(App.Programs, index, PrgSlotFree(), WindowKind::PrgFile, SessionEntry(entry), makeWindow);
+            restore(App.Programs, index, PrgSlotFree(), WindowKind::PrgFile, makeWindow);
         else
             entry.Open = 0;
     }
@@ -89,10 +87,8 @@ void ProgramsRestore(const WindowMaker& makeWindow)
 
 void clearSessionMarks()
 {
-    // A program entry that no window took up belongs to a session that has not come back yet; it waits for the next.
     for (SessionEntry& entry : App.Programs)
-        if (entry.used)
-            entry.Open = 0;
+        entry.Open = 0;
     for (SessionEntry& entry : App.Arrangements)
         entry.Open = 0;
 }

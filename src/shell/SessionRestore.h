@@ -13,9 +13,9 @@ std::vector<int> rowsToRestore();
 /// read leaves the session without a word.
 void ArrangementsRestore(const WindowMaker& makeWindow);
 
-/// The same for the program files, entries 1 to 8. An entry for which no window can be made stays in the session.
+/// The same for the program files, entries 1 to 8. One that cannot be read keeps its path and loses its mark.
 void ProgramsRestore(const WindowMaker& makeWindow);
 
-/// No window counts as open any more: the marks of the arrangement entries, and of the program entries that a window
-/// holds. Each window that is still open sets its own again when it goes.
+/// No window counts as open any more: the marks of all program and arrangement entries. Each window that is still open
+/// sets its own again when it goes.
 void clearSessionMarks();

@@ -47,7 +47,8 @@ void RowColumns::drawPieces(QPainter* painter, const QStyleOptionViewItem& row) 
         place.setLeft(place.left() + width);
     };
     draw(row.text.left(CodeWidth), codeWidth);
-    draw(row.text.mid(MarkPlace, 1).trimmed(), column + column / 2);
+    const bool marks = marks_ == Marks::Shown;
+    draw(marks ? row.text.mid(MarkPlace, 1).trimmed() : QString(), marks ? column + column / 2 : column / 2);
     QString name = row.text.mid(NamePlace);
     while (name.endsWith(QLatin1Char(' ')))
         name.chop(1);

@@ -8,11 +8,15 @@
 class RowColumns final : public QStyledItemDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    /// Lists without marks give their column to the name.
+    enum class Marks { Shown, None };
+    explicit RowColumns(QObject* parent, Marks marks = Marks::Shown) : QStyledItemDelegate(parent), marks_(marks) {}
 
 protected:
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 private:
     void drawPieces(QPainter* painter, const QStyleOptionViewItem& row) const;
+
+    Marks marks_;
 };

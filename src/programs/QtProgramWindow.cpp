@@ -1,0 +1,156 @@
+// The shared controls and what they do.
+#include "programs/QtProgramWindow.h"
+
+#include "core/FieldTarget.h"
+#include "core/ScopedFlag.h"
+#include "core/Strings.h"
+#include "midi/DeviceModes.h"
+#include "midi/MIDI.h"
+#include "midi/MsgLog.h"
+#include "programs/ProgramRows.h"
+#include "programs/ProgramSends.h"
+#include "programs/ProgramSource.h"
+#include "toolkit/Choices.h"
+#include "toolkit/RowColumns.h"
+#include "toolkit/RowList.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace
+{
+
+constexpr int CloseRow = 8;
+constexpr int Channels = 16;
+constexpr int ChannelWidth = 3; ///< characters of an entry, "  1" to " 16"
+constexpr const char* ListFace = "Arial";
+constexpr int ListPointSize = 10;
+
+constexpr int Margin = 8;
+constexpr int NarrowMargin = 4;
+constexpr int Gap = 5;
+constexpr int GroupGap = 10;
+
+bool programFieldHighlighted()
+{
+    const FieldTarget* target = fieldTarget();
+    return target != nullptr && target->PrgFieldSelected();
+}
+
+QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(QLatin1String(name));
+    return button;
+}
+
+} // namespace
+
+void QtProgramWindow::makeControls(QWidget* content, Load load)
+{
+    List1 = new RowList(content, QStringLiteral("List1"));
+    List1->setFont(QFont(QLatin1String(ListFace), ListPointSize, QFont::Normal));
+    List1->setItemDelegate(new RowColumns(List1));
+
+    if (load == Load::Button)
+        CommLoad = makeButton(content, "CommLoad", QStringLiteral("&Load Prog"));
+    CommArrPlay = makeButton(content, "CommArrPlay", QStringLiteral("&ARR PLAY"));
+    CommSongPlay = makeButton(content, "CommSongPlay", QStringLiteral("SO&NG PLAY"));
+    Label1 = new QLabel(QStringLiteral("MIDI Channel"), content);
+    Label1->setObjectName(QStringLiteral("Label1"));
+    Combo1 = new QComboBox(content);
+    Combo1->setObjectName(QStringLiteral("Combo1"));
+    Combo1->setAccessibleName(Label1->text());
+    for (int channel = 1; channel <= Channels; ++channel)
+        Combo1->addItem(QString::number(channel).rightJustified(ChannelWidth));
+    Label1->setBuddy(Combo1);
+    CommClose = makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
+
+    onComboClick(Combo1, [this](int index) { Combo1_Click(index); });
+    connect(CommArrPlay, &QPushButton::clicked, this, [] { ModeArrPlay(); });
+    connect(CommSongPlay, &QPushButton::clicked, this, [] { ModeSongPlay(); });
+    connect(CommClose, &QPushButton::clicked, this, [this] { unloadChild(); });
+}
+
+void QtProgramWindow::layOut(QWidget* content, Layout layout) const
+{
+    const bool narrow = layout == Layout::BelowTheList;
+    auto* column = new QVBoxLayout;
+    column->setSpacing(Gap);
+    for (QPushButton* button : {CommLoad, CommArrPlay, CommSongPlay}) {
+        if (!button)
+            continue;
+        column->addWidget(button);
+        if (button == CommLoad)
+            column->addSpacing(GroupGap);
+    }
+    if (layout != Layout::CloseBelow) {
+        column->addSpacing(narrow ? 0 : GroupGap);
+        column->addWidget(Label1);
+        column->addWidget(Combo1);
+    }
+    if (!narrow)
+        column->addStretch(1);
+    auto* below = new QHBoxLayout;
+    if (layout == Layout::CloseBelow) {
+        below->addWidget(Label1);
+        below->addWidget(Combo1);
+        below->addStretch(1);
+        below->addWidget(CommClose);
+    } else {
+        column->addWidget(CommClose);
+    }
+
+    const int margin = narrow ? NarrowMargin : Margin;
+    auto* upper = new QBoxLayout(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    upper->setSpacing(margin);
+    upper->addWidget(List1, 1);
+    upper->addLayout(column);
+    auto* whole = new QVBoxLayout(content);
+    whole->setContentsMargins(margin, margin, margin, margin);
+    whole->setSpacing(margin);
+    whole->addLayout(upper, 1);
+    if (layout == Layout::CloseBelow)
+        whole->addLayout(below);
+    else
+        delete below;
+}
+
+void QtProgramWindow::fillControls()
+{
+    const ScopedFlag filling{WindowFilling};
+    QStringList rows;
+    for (const std::string& text : programRowTexts(Tag.bytes()))
+        rows << QString::fromLatin1(text.data(), static_cast<int>(text.size()));
+    List1->setRows(rows);
+    Combo1->setCurrentIndex(programChannel(Tag.bytes()));
+    showCaption();
+    List1->setAccessibleName(windowTitle());
+}
+
+void QtProgramWindow::chooseRow()
+{
+    const QListWidgetItem* item = List1->currentItem();
+    const int row = item && item->isSelected() ? List1->ListIndex() : -1;
+    if (row < 0)
+        return;
+    if (programFieldHighlighted()) {
+        PrgFieldAssign(row, Tag.bytes());
+        return;
+    }
+    MsgLogAdd("");
+    ProgramSend(Tag.bytes(), row);
+    MsgLogAdd(Midi.SysExOutput);
+}
+
+void QtProgramWindow::Combo1_Click(int index)
+{
+    if (WindowFilling || index < 0)
+        return;
+    // Required: the choice is stored and nothing is sent; the next program that is played goes to the channel.
+    setProgramChannel(Tag.bytes(), index);
+    channelChosen(index);
+    showCaption(); // which names the channel
+}
