@@ -64,9 +64,6 @@ struct ArrState {
     std::function<void(int note)> keyboardSplit;
     std::vector<ArrRowOwner*> rowOwners; ///< the open windows with arrangements
 
-    /// Saves a window's files as it closes; 0 when everything is on disk. Without one nothing can be saved, and a
-    /// window with changes stays open.
-    std::function<int(WindowBuffer&)> closingSave;
     /// Adds a window's file to the database.
     std::function<void(WindowBuffer&)> databaseAdd;
 };

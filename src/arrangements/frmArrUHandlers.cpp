@@ -11,6 +11,7 @@
 #include "core/Strings.h"
 #include "database/TvlDBArr.h"
 #include "files/FileReaders.h"
+#include "files/Saving.h"
 #include "midi/DeviceModes.h"
 #include "midi/MsgLog.h"
 #include "toolkit/RowList.h"
@@ -24,7 +25,6 @@ namespace
 
 constexpr int InternalRow = 98;
 constexpr int ReadOnlyFile = 17; ///< report code
-constexpr int FileChanged = 1;   ///< question code
 
 } // namespace
 
@@ -293,16 +293,7 @@ bool frmArrU::queryUnload()
 {
     if (editHoldsImage(image()) && App.shell && !App.shell->closeEditorOf(WindowKind::ArrFile, Tag.number()))
         return false;
-    if (Tag.at(WindowLayout::ModifiedOffset) == 0)
-        return true;
-    switch (AskSaveCancel(FileChanged, caption())) {
-    case Answer::Yes:
-        return Arr.closingSave && Arr.closingSave(Tag) == 0;
-    case Answer::No:
-        return true;
-    default:
-        return false;
-    }
+    return AgreeToClose(Tag, caption());
 }
 
 void frmArrU::unload()

@@ -1,13 +1,11 @@
 // The main window's construction, its load handler, and the return of the last session, one fresh event a window.
 #include "shell/frmMain.h"
 
-#include "arrangements/ArrEdit.h"
 #include "core/Dichiarazioni.h"
 #include "core/StateFiles.h"
 #include "core/UserInterface.h"
 #include "database/TvlDBArr.h"
 #include "files/FileReaders.h"
-#include "files/Saving.h"
 #include "midi/DeviceModes.h"
 #include "midi/MIDI.h"
 #include "shell/QtWindowFactory.h"
@@ -44,7 +42,6 @@ frmMain::frmMain(Factory factory) : factory_(std::move(factory))
 {
     setObjectName(QStringLiteral("frmMain"));
     App.shell = this;
-    Arr.closingSave = ArrClosingSave;
     auto* content = new QWidget(this);
     content->setObjectName(QStringLiteral("content"));
     auto* column = new QVBoxLayout(content);

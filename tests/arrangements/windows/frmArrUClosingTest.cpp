@@ -162,33 +162,64 @@ TEST_F(ArrWindow, withChangesAsksBeforeItCloses)
 {
     frmArrU* window = openUsual();
     window->Tag.set(3, 1);
-    diaryUser.answers = {Answer::Cancel, Answer::Yes, Answer::Yes, Answer::No};
+    diaryUser.answers = {Answer::Cancel, Answer::No};
     EXPECT_FALSE(window->unloadChild()) << "cancelled";
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->Tag.at(3), 1);
     ASSERT_EQ(diaryUser.questions.size(), 1u);
     EXPECT_EQ(diaryUser.questions[0].title, "File Arr - song.arr (1)");
     EXPECT_EQ(diaryUser.questions[0].text, "The file has changed\nSave changes ?");
-
-    EXPECT_FALSE(window->unloadChild()) << "what cannot be saved stays open";
-    int saves = 0;
-    Arr.closingSave = [&](WindowBuffer& tag) {
-        ++saves;
-        EXPECT_EQ(&tag, &window->Tag);
-        return 1;
-    };
-    EXPECT_FALSE(window->unloadChild()) << "the save failed";
-    EXPECT_EQ(saves, 1);
-    EXPECT_TRUE(window->isVisible());
     EXPECT_TRUE(window->unloadChild()) << "No closes";
-    EXPECT_EQ(saves, 1);
+    EXPECT_FALSE(folder().has("song.arr"));
 }
 
-TEST_F(ArrWindow, withChangesClosesAfterASaveThatSucceeded)
+TEST_F(ArrWindow, closingByYesBringsItsFileAndItsStylesToTheDisk)
+{
+    putStyles();
+    frmArrU* window = openUsual();
+    const QPointer<frmArrU> watched = window;
+    window->Tag.bytes()[302] = 'N';         // the first letter of row 0
+    window->Tag.bytes()[42622 + 224] = 'T'; // and of the first style
+    window->Tag.set(3, 1);
+    window->Tag.set(9, 1);
+    std::string arr = usualFile(), sty = styles();
+    arr[32] = 'N';
+    sty[224] = 'T';
+    diaryUser.answers = {Answer::Yes};
+    EXPECT_TRUE(window->unloadChild());
+    // The last two groups are empty: all their slots but the first go from the table, and their blocks from the file.
+    for (std::size_t slot = 9; slot < 16; ++slot)
+        sty[24 + 4 * slot] = sty[25 + 4 * slot] = '\0';
+    sty[88] = sty[89] = '\0';
+    sty.resize(224 + 348 + 20); // eight styles of 40 to 47 bytes and the slot that stays
+    EXPECT_EQ(folder().get("song.arr"), arr);
+    EXPECT_EQ(folder().get("song.sty"), sty);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(watched);
+}
+
+TEST_F(ArrWindow, closingByYesWithoutUserStylesRemovesTheStyleFileBeside)
+{
+    frmArrU* window = openUsual();
+    putStyles(); // came there while the window was open
+    window->Tag.set(3, 1);
+    diaryUser.answers = {Answer::Yes};
+    EXPECT_TRUE(window->unloadChild());
+    EXPECT_EQ(folder().get("song.arr"), usualFile());
+    EXPECT_FALSE(folder().has("song.sty"));
+}
+
+TEST_F(ArrWindow, whatCannotBeSavedStaysOpenAndModified)
 {
     frmArrU* window = openUsual();
     window->Tag.set(3, 1);
-    Arr.closingSave = [](WindowBuffer&) { return 0; };
+    window->Tag.setPath(folder().file("nowhere/song"));
     diaryUser.answers = {Answer::Yes};
-    EXPECT_TRUE(window->unloadChild());
+    EXPECT_FALSE(window->unloadChild());
+    ASSERT_EQ(diaryUser.warnings.size(), 1u);
+    EXPECT_EQ(diaryUser.warnings[0].text, "Path not found");
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->Tag.at(3), 1);
 }
 
 TEST_F(ArrWindow, aRowRuleIsReadFromTheCurrentImage)

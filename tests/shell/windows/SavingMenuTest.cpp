@@ -1,8 +1,6 @@
 // The two commands that save the active child, driven through their menu items.
 #include "MainWindowFixture.h"
 
-#include "arrangements/ArrEdit.h"
-
 namespace
 {
 
@@ -86,16 +84,4 @@ TEST_F(SavingMenu, withoutAChildNothingHappens)
     window->mnuSalva_Click(0);
     window->mnuSalvaAs_Click(0);
     EXPECT_TRUE(user.saveDialogs.empty());
-}
-
-TEST_F(SavingMenu, theClosingSaveOfArrangementWindowsIsAtHand)
-{
-    start();
-    WindowBuffer tag(std::string(20, '\0') + blankPadded(songs.file("last"), 250) + std::string(10528, 'n'));
-    tag.set(0, 19);
-    tag.set(3, 1);
-    ASSERT_TRUE(Arr.closingSave);
-    EXPECT_EQ(Arr.closingSave(tag), 0);
-    EXPECT_TRUE(isOnDisk("last.arr", 10528));
-    EXPECT_EQ(tag.at(3), 0);
 }
