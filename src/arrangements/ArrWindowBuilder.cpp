@@ -4,6 +4,7 @@
 #include "core/Dichiarazioni.h"
 #include "core/PathNames.h"
 #include "core/Reports.h"
+#include "core/Strings.h"
 #include "files/FileReaders.h"
 
 #include <array>
@@ -23,6 +24,16 @@ void setWholeStyleArea(WindowBuffer& tag, const ByteBuffer& image, int state)
     tag.set(WindowLayout::StyStateOffset, state);
 }
 
+/// The file in the hand-over buffer, then blanks up to `size` bytes: list rows, and the program area where there is one.
+void appendArrangements(WindowBuffer& tag, int size)
+{
+    ByteBuffer& bytes = tag.bytes();
+    bytes.reserve(static_cast<std::size_t>(size) + Files.StyEmptyBuffer.size());
+    bytes.append(slice(Files.ArrBuffer, {0, ArrLayout::FileSize}));
+    bytes.resize(static_cast<std::size_t>(end(WindowLayout::ArrFile)), '\0');
+    bytes.resize(static_cast<std::size_t>(size), ' ');
+}
+
 } // namespace
 
 WindowBuffer ArrTagBuild(int slot, const SessionEntry& entry)
@@ -33,12 +44,7 @@ WindowBuffer ArrTagBuild(int slot, const SessionEntry& entry)
     tag.set(WindowLayout::ReadOnlyOffset, entry.readOnly || !pathIsWhole ? 1 : 0);
     tag.set(WindowLayout::EntryUsedOffset, 1);
 
-    ByteBuffer& bytes = tag.bytes();
-    bytes.reserve(static_cast<std::size_t>(WindowLayout::StyCompanionOffset) + Files.StyEmptyBuffer.size());
-    bytes.append(slice(Files.ArrBuffer, {0, ArrLayout::FileSize}));
-    bytes.resize(static_cast<std::size_t>(end(WindowLayout::ArrFile)), '\0');
-    bytes.resize(static_cast<std::size_t>(WindowLayout::StyCompanionOffset), ' ');
-
+    appendArrangements(tag, WindowLayout::StyCompanionOffset);
     if (pathIsWhole) {
         ArrStyCompanionRead(tag);
         ArrPrgCompanionRead(tag);
@@ -46,6 +52,26 @@ WindowBuffer ArrTagBuild(int slot, const SessionEntry& entry)
         // The field holds another file's path than the one that was opened: its companions would be a stranger's.
         setWholeStyleArea(tag, Files.StyEmptyBuffer, WindowLayout::StyState::Empty);
     }
+    return tag;
+}
+
+WindowBuffer ArrNewTagBuild(int number)
+{
+    constexpr int UntitledRow = 81;
+    WindowBuffer tag = WindowBuffer::fresh(WindowKind::ArrNew, number);
+    tag.setPath(" (" + ResText(UntitledRow) + " " + std::to_string(number) + ")");
+    tag.set(WindowLayout::EntryUsedOffset, 1);
+    tag.set(WindowLayout::UntitledOffset, 1);
+    appendArrangements(tag, WindowLayout::StyCompanionOffset);
+    setWholeStyleArea(tag, Files.StyEmptyBuffer, WindowLayout::StyState::Empty);
+    return tag;
+}
+
+WindowBuffer ArrBankTagBuild(int windowKind)
+{
+    WindowBuffer tag = WindowBuffer::fresh(windowKind, 0);
+    tag.setPath(windowKind == WindowKind::ArrBankA ? "Arr A" : "Arr B"); // its name, the same in both languages
+    appendArrangements(tag, end(WindowLayout::ArrRows));
     return tag;
 }
 

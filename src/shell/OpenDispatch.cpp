@@ -364,3 +364,16 @@ bool openNewStyles(const WindowMaker& makeWindow)
     entry = before;
     return false;
 }
+
+bool openNewArrangements(const WindowMaker& makeWindow)
+{
+    const int slot = ArrNewSlotFree();
+    if (slot == 0)
+        return false;
+    if (ArrFileRead(App.PathArrA) != ReadResult::Read) {
+        ReportError(CodeFileNotFound, ApplicationTitle, App.PathArrA);
+        return false;
+    }
+    putBytes(Files.ArrBuffer, ArrLayout::Rows.offset, filled(ArrLayout::Rows.size, 0));
+    return makeWindow(ArrNew, slot);
+}

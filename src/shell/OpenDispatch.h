@@ -47,3 +47,7 @@ bool openNewPrograms(const WindowMaker& makeWindow);
 /// mnuNuovoSty: an untitled style window (kind 24) in the lowest free slot, the template of empty styles in its
 /// hand-over buffer. A template that cannot be read is reported. True when a window came.
 bool openNewStyles(const WindowMaker& makeWindow);
+
+/// mnuNuovoArr: an untitled arrangement window (kind 20) in the lowest free slot, the file of bank A in its hand-over
+/// buffer with no record in use. A bank file that cannot be read is reported. True when a window came.
+bool openNewArrangements(const WindowMaker& makeWindow);

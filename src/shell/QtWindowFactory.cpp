@@ -1,6 +1,8 @@
 // Windows do not know each other; whoever wants one asks the shell, and the shell asks here.
 #include "shell/QtWindowFactory.h"
 
+#include "arrangements/frmArrAB.h"
+#include "arrangements/frmArrNew.h"
 #include "arrangements/frmArrU.h"
 #include "arrangements/frmEditArr.h"
 #include "core/Dichiarazioni.h"
@@ -19,6 +21,11 @@ ChildWindow* makeChildWindow(int windowKind, int slot)
     switch (windowKind) {
     case WindowKind::ArrFile:
         return new frmArrU(slot);
+    case WindowKind::ArrNew:
+        return new frmArrNew(slot);
+    case WindowKind::ArrBankA:
+    case WindowKind::ArrBankB:
+        return frmArrAB::open(windowKind);
     case WindowKind::EditArr:
         return new frmEditArr;
     case WindowKind::MessageMonitor:

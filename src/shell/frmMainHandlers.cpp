@@ -183,6 +183,8 @@ void frmMain::mnuOpen_Click(int windowKind)
 void frmMain::mnuNew_Click(int windowKind)
 {
     finishSession();
+    if (windowKind == WindowKind::ArrNew)
+        openNewArrangements([this](int kind, int slot) { return makeWindow(kind, slot); });
     if (windowKind == WindowKind::PrgNew)
         openNewPrograms([this](int kind, int slot) { return makeWindow(kind, slot); });
     if (windowKind == WindowKind::StyNew)

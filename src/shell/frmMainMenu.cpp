@@ -40,7 +40,7 @@ constexpr MenuRow languageItem(const char* name, int captionRow, int language)
 // clang-format off
 const std::vector<MenuRow> Rows = {
     menu("mnuFile", 2),
-    item("mnuNuovoArr", 86, nullptr, 0, "Ctrl+N"),
+    item("mnuNuovoArr", 86, &frmMain::mnuNew_Click, ArrNew, "Ctrl+N"),
     item("mnuNuovoSty", 121, &frmMain::mnuNew_Click, StyNew),
     item("mnuNuovoPrg", 87, &frmMain::mnuNew_Click, PrgNew),
     separator("mnuSep1"),

@@ -1,0 +1,129 @@
+// The rows are read from the image at each filling; what changes one of them from outside is told by arrRowRenamed.
+#include "arrangements/QtArrWindow.h"
+
+#include "arrangements/ArrRows.h"
+#include "core/Shell.h"
+#include "files/RowLabels.h"
+#include "toolkit/Choices.h"
+#include "toolkit/RowColumns.h"
+#include "toolkit/RowList.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace
+{
+
+constexpr const char* ListFace = "Arial";
+constexpr int ListPointSize = 10;
+constexpr int ShownCharacters = 20; ///< of a row at the least: code, mark, name
+
+} // namespace
+
+ArrWindow::ArrWindow(const char* name, int AppState::*counter) : ChildWindow(name, counter) {}
+
+ArrWindow::~ArrWindow() { std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this)); }
+
+void ArrWindow::makeList(QWidget* content)
+{
+    List1 = new RowList(content, QStringLiteral("List1"));
+    List1->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    List1->setFont(QFont(QLatin1String(ListFace), ListPointSize, QFont::Normal));
+    List1->setItemDelegate(new RowColumns(List1));
+    List1->setMinimumWidth(ShownCharacters * List1->fontMetrics().averageCharWidth());
+}
+
+void ArrWindow::makeStyleBox(QWidget* content)
+{
+    Combo1 = new QComboBox(content);
+    Combo1->setObjectName(QStringLiteral("Combo1"));
+    Combo1->setEditable(true);
+    Combo1->setInsertPolicy(QComboBox::NoInsert);
+    Combo1->lineEdit()->setReadOnly(true);
+    Combo1->setCompleter(nullptr);
+    Combo1->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    ignoreWheelWithoutFocus(Combo1);
+    connect(Combo1, &QComboBox::activated, this, [this] { showStyleOf(selectedRow()); });
+}
+
+QPushButton* ArrWindow::makeButton(QWidget* content, const char* name, const QString& caption)
+{
+    auto* button = new QPushButton(caption, content);
+    button->setObjectName(QLatin1String(name));
+    return button;
+}
+
+QLineEdit* ArrWindow::makeReadOnlyText(QWidget* content, const char* name)
+{
+    auto* text = new QLineEdit(content);
+    text->setObjectName(QLatin1String(name));
+    text->setReadOnly(true);
+    return text;
+}
+
+void ArrWindow::fillRows()
+{
+    List1->setAccessibleName(windowTitle());
+    QStringList rows;
+    for (const std::string& text : arrRowTexts(image()))
+        rows << fromInstrument(text);
+    List1->setRows(rows);
+    ArrStyleListFill();
+    Arr.rowOwners.push_back(this);
+}
+
+void ArrWindow::ArrStyleListFill()
+{
+    QStringList styles;
+    for (const std::string& text : arrStyleEntries(image()))
+        styles << fromInstrument(text);
+    Combo1->clear();
+    Combo1->addItems(styles);
+    showStyle({});
+}
+
+int ArrWindow::selectedRow() const
+{
+    const QListWidgetItem* item = List1->currentItem();
+    return item && item->isSelected() ? List1->ListIndex() : -1;
+}
+
+bool ArrWindow::rowIsEmpty(int row) const { return isEmptyRowText(List1->rowText(row)); }
+
+void ArrWindow::showStyleOf(int row)
+{
+    showStyle(row < 0 || rowIsEmpty(row) ? QString() : fromInstrument(arrStyleEntry(image(), row)));
+}
+
+void ArrWindow::showStyle(const QString& text)
+{
+    const int index = text.isEmpty() ? -1 : Combo1->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    Combo1->setCurrentIndex(index);
+    if (index < 0)
+        Combo1->setEditText(text);
+}
+
+void ArrWindow::arrRowRenamed(int row)
+{
+    constexpr std::size_t CodeAndMark = 4;
+    QListWidgetItem* item = List1->item(row);
+    if (!item)
+        return;
+    const std::string before = List1->rowText(row);
+    const std::string name = rowName(slice(arrRecord(image(), row), ArrBlock::Name));
+    // A row that was cut while the editor held it has no mark to keep.
+    item->setText(
+        fromInstrument(before.size() < CodeAndMark ? arrRowText(image(), row) : before.substr(0, CodeAndMark) + name));
+}
+
+QString ArrWindow::fromInstrument(const std::string& text)
+{
+    return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
+}
+
+void ArrWindow::enableMenuItem(const char* name, bool enabled)
+{
+    if (App.shell)
+        App.shell->enableMenuItem(name, enabled);
+}
