@@ -1,14 +1,11 @@
 // The menus' rules as tables: by kind of window its standard size, the items that follow one of its buttons, and how
-// it can be saved; and for the edit items what a row must be to be copied, cut or pasted upon.
+// it can be saved.
 #include "shell/MenuState.h"
 
-#include "files/StyLayout.h"
 #include "files/WindowBuffer.h"
 
 #include <algorithm>
 #include <array>
-
-ClipboardFacts Clipboard;
 
 namespace
 {
@@ -73,48 +70,6 @@ constexpr std::array SizeRows = {
     SizeRow{Keyboard, {9288, 5532}},     SizeRow{MessageMonitor, {5760, 8000}}, SizeRow{GlobalFile, {9072, 5640}},
 };
 
-/// The families among whose windows rows are copied.
-enum class Family { None, Arr, Prg, Sty };
-
-Family familyOf(int kind)
-{
-    if (kind == ArrBankA || kind == ArrBankB || kind == ArrFile || kind == ArrNew)
-        return Family::Arr;
-    if ((kind >= PrgBankA && kind <= PrgBankE) || kind == PrgFile || kind == PrgNew)
-        return Family::Prg;
-    return kind == StyFile || kind == StyNew ? Family::Sty : Family::None;
-}
-
-/// Bank windows can only give.
-bool isBank(int kind) { return kind >= ArrBankA && kind <= PrgBankE; }
-
-// A row is a code of two characters, two marks and a name; a free row is its code alone. A row in use whose name is
-// nothing but blanks is longer than its code: it can be copied, and nothing is pasted over it.
-constexpr std::size_t CodeWidth = 2;
-constexpr std::size_t NameOffset = 4;
-
-bool isSeparator(int row) { return row == 4 || row == 9 || row == 14; }
-
-std::string_view nameIn(std::string_view rowText)
-{
-    const std::string_view text = trimRight(rowText);
-    return text.size() > NameOffset ? text.substr(NameOffset) : std::string_view();
-}
-
-bool mayBeCopied(Family family, const ChildFacts& child)
-{
-    if (family == Family::Sty)
-        return nameIn(child.rowText) != StyLayout::EmptyName;
-    return child.rowText.size() > CodeWidth;
-}
-
-bool mayBePastedUpon(Family family, const ChildFacts& child)
-{
-    if (family == Family::Sty)
-        return nameIn(child.rowText).empty() || nameIn(child.rowText) == StyLayout::EmptyName;
-    return child.rowText.size() <= CodeWidth;
-}
-
 void enable(std::vector<MenuItemState>& states, std::string_view name, bool enabled)
 {
     for (MenuItemState& state : states)
@@ -139,21 +94,6 @@ TwipsSize standardSize(int windowKind)
         if (row.kind == windowKind)
             return row.size;
     return defaultWindowSize(windowKind);
-}
-
-EditItems editItems(const ChildFacts& child, const ClipboardFacts& clipboard)
-{
-    const Family family = familyOf(child.kind);
-    if (family == Family::None || child.row < 0 || (family == Family::Sty && isSeparator(child.row)))
-        return {};
-    EditItems items;
-    items.copy = mayBeCopied(family, child);
-    if (isBank(child.kind) || child.readOnly)
-        return items;
-    items.cut = items.copy;
-    items.paste =
-        !clipboard.clipboardEmpty && familyOf(clipboard.sourceKind) == family && mayBePastedUpon(family, child);
-    return items;
 }
 
 std::vector<MenuItemState> menuStates(const ChildFacts* child, const ClipboardFacts& clipboard)

@@ -2,8 +2,8 @@
 // tested without a window.
 #pragma once
 
+#include "clipboard/EditItems.h"
 #include "core/Dichiarazioni.h"
-#include "shell/ClipboardFacts.h"
 
 #include <functional>
 #include <string>
@@ -11,12 +11,8 @@
 #include <vector>
 
 /// The active child window as the menus see it.
-struct ChildFacts {
-    int kind = 0;             ///< WindowKind
-    bool readOnly = false;    ///< its file's own mark, or mnuRdOnly checked
+struct ChildFacts : ActiveRow {
     bool standardSize = true; ///< width and height are its kind's defaults, in whole pixels
-    int row = -1;             ///< ListIndex of its list, from 0; -1 without a selected row
-    std::string rowText;      ///< that row's text, Latin-1
     /// Whether the child's button of a name can be pressed; false for a button that it does not have. A name that ends
     /// in "(" asks for any member of a control array.
     std::function<bool(std::string_view name)> buttonEnabled;
@@ -34,14 +30,6 @@ std::vector<MenuItemState> menuStates(const ChildFacts* child, const ClipboardFa
 /// The items that open a window in a slot of its family, off when all slots are used, and those of the program banks,
 /// off while their window is open.
 std::vector<MenuItemState> slotStates();
-
-/// The edit items of the active window.
-struct EditItems {
-    bool copy = false;
-    bool cut = false;
-    bool paste = false;
-};
-EditItems editItems(const ChildFacts& child, const ClipboardFacts& clipboard);
 
 /// The size that mnuIngrandisci restores, outer twips; 0 by 0 for a kind that has none.
 TwipsSize standardSize(int windowKind);

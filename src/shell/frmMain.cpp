@@ -1,6 +1,7 @@
 // The main window's construction, its load handler, and the return of the last session, one fresh event a window.
 #include "shell/frmMain.h"
 
+#include "clipboard/Clipboard.h"
 #include "core/Dichiarazioni.h"
 #include "core/StateFiles.h"
 #include "core/UserInterface.h"
@@ -90,7 +91,7 @@ void frmMain::Form_Load()
     Picture1->setVisible(App.StatusBar);
     setWindowTitle(QString::fromUtf8(ApplicationTitle));
     showRecentFiles();
-    apply(menuStates(nullptr, Clipboard));
+    apply(menuStates(nullptr, Clipboard.facts()));
     Midi.MsgLogActive = false;
     loadCheckMarks();
     enableMenuItem("mnuGlobalParam", App.GlobalValid);

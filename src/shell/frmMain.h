@@ -64,6 +64,9 @@ public:
     void mnuExit_Click(int);
     void mnuRecentFile_Click(int index);
     void mnuIngrandisci_Click(int);
+    void mnuTaglia_Click(int);
+    void mnuCopia_Click(int);
+    void mnuIncolla_Click(int);
     void mnuTvlDBArr_Click(int);
     void mnuArrPlay_Click(int);
     void mnuSongPlay_Click(int);
@@ -97,6 +100,8 @@ private:
     void showRecentFiles();
     void listChildWindows();
     void checkToggled(const MenuRow& row, bool checked);
+    /// Runs an edit command on the active child if its item is allowed now.
+    void runEdit(bool EditItems::*item, void (*command)(ChildWindow&));
 
     bool makeWindow(int windowKind, int slot);
     void saveActive(int (*save)(WindowBuffer&));

@@ -1,5 +1,6 @@
 // The main window at work: what its menu items do, what it does for its children as their shell, and how it leaves.
 #include "arrangements/ArrEdit.h"
+#include "clipboard/Clipboard.h"
 #include "core/Dichiarazioni.h"
 #include "core/PathNames.h"
 #include "core/RandomFile.h"
@@ -117,11 +118,11 @@ void frmMain::MenuSync()
     const int open = App.ArrUCount + App.StyUCount + App.PrgUCount + App.OtherCount + App.GblCount;
     const ChildWindow* child = open == 0 ? nullptr : activeChild();
     if (!child) {
-        apply(menuStates(nullptr, Clipboard));
+        apply(menuStates(nullptr, Clipboard.facts()));
         return;
     }
     const ChildFacts facts = factsOf(*child);
-    apply(menuStates(&facts, Clipboard));
+    apply(menuStates(&facts, Clipboard.facts()));
 }
 
 void frmMain::showWindow(int windowKind, int slot)

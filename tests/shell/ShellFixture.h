@@ -1,6 +1,7 @@
 // What the shell's tests share: fresh state in all rooms, a state folder, a recording port, files built by hand.
 #pragma once
 
+#include "clipboard/Clipboard.h"
 #include "core/Dichiarazioni.h"
 #include "core/StateFiles.h"
 #include "files/FileReaders.h"
