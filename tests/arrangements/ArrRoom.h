@@ -13,6 +13,7 @@
 #include "support/CoreRun.h"
 #include "support/Hex.h"
 #include "support/RecordingMidiService.h"
+#include "support/StyleFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -47,31 +48,6 @@ inline std::string arrFile(const std::vector<std::pair<std::size_t, Block>>& rec
     for (const auto& [row, block] : records)
         file.replace(32 + 164 * row, 164, block.bytes);
     return file;
-}
-
-/// Names and lengths of the blocks of a style file.
-using Slots = std::vector<std::pair<std::string, int>>;
-
-inline std::string styFile(const Slots& blocks)
-{
-    std::string file("KORG\x4D\x00\x04", 7);
-    file.resize(224, '\0');
-    for (std::size_t i = 0; i < blocks.size(); ++i) {
-        const auto& [name, length] = blocks[i];
-        file[24 + 4 * i] = static_cast<char>(length % 256);
-        file[25 + 4 * i] = static_cast<char>(length / 256);
-        std::string block = name;
-        block.resize(16, ' ');
-        for (int k = 16; k < length; ++k)
-            block += static_cast<char>((k * 7 + static_cast<int>(i)) % 256);
-        file += block;
-    }
-    return file;
-}
-
-inline std::string emptyStyles()
-{
-    return styFile({{"- empty -", 1176}, {"- empty -", 1176}, {"- empty -", 1176}, {"- empty -", 1176}});
 }
 
 /// A program file; records by number, 172 bytes each, the first byte and the name.
