@@ -47,12 +47,13 @@ void ArrFindEnd()
 void ArrFindInBank(int windowKind, int row)
 {
     begin(row);
+    ArrRowOwner* const shown = openBank(windowKind);
     if (App.shell)
         App.shell->showWindow(windowKind, 0);
-    if (ArrRowOwner* owner = openBank(windowKind))
-        owner->startSearchById();
-    else
-        ArrFindEnd(); // the bank could not be read, which was said
+    if (shown)
+        shown->startSearchById();
+    else if (!openBank(windowKind))
+        ArrFindEnd(); // it could not be read, which was said
 }
 
 void ArrFindInFile(const std::string& path, int row)

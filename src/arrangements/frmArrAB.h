@@ -24,6 +24,8 @@ public:
 private:
     explicit frmArrAB(int windowKind);
 
+    void startSearchById() override { List1_Click(); }
+
     void buildControls();
     void wireHandlers();
     void takeRowLookedFor();

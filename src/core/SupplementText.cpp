@@ -97,6 +97,10 @@ constexpr std::array Rows = {
     StringRow{Words::StyleGroup, "Byte fino alla fine del gruppo _; dopo una modifica, del gruppo soltanto",
               "Bytes up to the end of group _; after a change, of the group alone"},
     StringRow{Words::StyleTotal, "Lunghezza del file in byte", "Length of the file in bytes"},
+    StringRow{
+        Words::FindIdHint,
+        "Numero del file (1 e 2 i banchi A e B, gli altri in Edit TvlDBArr), poi codice dell'Arrangement: 111, 30588",
+        "Number of the file (1 and 2 the banks A and B, others in Edit TvlDBArr), then arrangement code: 111, 30588"},
 };
 
 static_assert(Rows.size() == static_cast<std::size_t>(Words::count()), "a row for each name in Words");

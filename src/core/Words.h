@@ -80,6 +80,7 @@ enum Id : int {
     StyleLength, ///< what the figures of a style window mean; "_" is the panel code of the slot or slots
     StyleGroup,
     StyleTotal,
+    FindIdHint, ///< tool tip of the find window's field
     // The next name stands here, its row at the end of SupplementText.cpp.
     End
 };

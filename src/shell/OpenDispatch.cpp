@@ -10,6 +10,7 @@
 #include "files/FileReaders.h"
 #include "files/PrgLayout.h"
 #include "files/WindowBuffer.h"
+#include "shell/DatabaseLinks.h"
 #include "shell/RecentFiles.h"
 
 #include <array>
@@ -228,6 +229,8 @@ bool showOpened(const OpenOutcome& outcome, const WindowMaker& makeWindow)
         entry = before;
         return false;
     }
+    if (itsOwnName && outcome.branch == ArrFile)
+        addOpenedToDatabase(stem);
     if (itsOwnName)
         RecentAdd(outcome.path, Files.OpenReadOnly);
     return true;

@@ -6,6 +6,9 @@
 #include "arrangements/frmArrU.h"
 #include "arrangements/frmEditArr.h"
 #include "core/Dichiarazioni.h"
+#include "database/TvlDBArr.h"
+#include "database/frmEditDBArr.h"
+#include "database/frmFindID.h"
 #include "global/frmGbl.h"
 #include "midi/frmMsgEx.h"
 #include "programs/frmDrum.h"
@@ -26,6 +29,10 @@ ChildWindow* makeChildWindow(int windowKind, int slot)
     case WindowKind::ArrBankA:
     case WindowKind::ArrBankB:
         return frmArrAB::open(windowKind);
+    case WindowKind::FindId:
+        return new frmFindID;
+    case WindowKind::EditDatabase:
+        return DBArrPresent(true) ? new frmEditDBArr : nullptr;
     case WindowKind::EditArr:
         return new frmEditArr;
     case WindowKind::MessageMonitor:

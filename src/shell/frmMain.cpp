@@ -9,6 +9,7 @@
 #include "files/FileReaders.h"
 #include "midi/DeviceModes.h"
 #include "midi/MIDI.h"
+#include "shell/DatabaseLinks.h"
 #include "shell/QtWindowFactory.h"
 #include "shell/SessionRestore.h"
 #include "shell/StatusPanelWidget.h"
@@ -43,6 +44,7 @@ frmMain::frmMain(Factory factory) : factory_(std::move(factory))
 {
     setObjectName(QStringLiteral("frmMain"));
     App.shell = this;
+    joinDatabase();
     auto* content = new QWidget(this);
     content->setObjectName(QStringLiteral("content"));
     auto* column = new QVBoxLayout(content);
@@ -81,6 +83,7 @@ void frmMain::buildTimers()
         TimerArrU[static_cast<std::size_t>(index)] = new StageTimer(this, memberName("TimerArrU", index));
     TimerArrU[1]->onTick([this] { TimerArrU_Timer(); });
     Timer = new StageTimer(this, QStringLiteral("Timer"));
+    Timer->onTick([this] { Timer_Timer(); });
 }
 
 void frmMain::Form_Load()

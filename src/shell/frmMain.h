@@ -74,6 +74,8 @@ public:
     void mnuLanguage_Click(int language);
     void mnuMIDIThru_Click(int);
     void mnuWCascade_Click(int);
+    /// Says on the status line what comes; Timer's tick refreshes the database.
+    void mnuAggArr_Click(int);
 
     /// Enables the active child's stage timer of that name.
     void runChildTimer(const char* name);
@@ -102,6 +104,7 @@ private:
     void checkToggled(const MenuRow& row, bool checked);
     /// Runs an edit command on the active child if its item is allowed now.
     void runEdit(bool EditItems::*item, void (*command)(ChildWindow&));
+    void Timer_Timer();
 
     bool makeWindow(int windowKind, int slot);
     void saveActive(int (*save)(WindowBuffer&));

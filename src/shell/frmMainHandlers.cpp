@@ -6,6 +6,7 @@
 #include "core/RandomFile.h"
 #include "core/Reports.h"
 #include "core/Strings.h"
+#include "database/DBArrUpdate.h"
 #include "midi/DeviceModes.h"
 #include "midi/MIDI.h"
 #include "shell/Cascade.h"
@@ -270,6 +271,19 @@ void frmMain::mnuWCascade_Click(int)
         }
     }
     MenuSync();
+}
+
+void frmMain::mnuAggArr_Click(int)
+{
+    constexpr int UpdatingNotice = 8;
+    StatusNotice(UpdatingNotice, "TvlDBArr");
+    Timer->enable();
+}
+
+void frmMain::Timer_Timer()
+{
+    DBArrRefresh();
+    StatusNotice(0, {});
 }
 
 // The way out.

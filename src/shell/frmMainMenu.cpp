@@ -106,7 +106,7 @@ const std::vector<MenuRow> Rows = {
     separator("mnuSep9"),
     item("mnuWFindID", 38, &frmMain::mnuWindowKind_Click, FindId, "Ctrl+F"),
     fixedItem("mnuWEditDBArr", "Edit TvlDBArr", &frmMain::mnuWindowKind_Click, EditDatabase),
-    item("mnuAggArr", 39, nullptr),
+    item("mnuAggArr", 39, &frmMain::mnuAggArr_Click),
 
     menu("mnuPreferenze", 62),
     {Type::SubMenu, "mnuLingua", 63},

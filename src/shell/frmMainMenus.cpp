@@ -1,6 +1,7 @@
 // Building the menus from their table, the recent files among them, and the list of the open windows.
 #include "core/Dichiarazioni.h"
 #include "core/Strings.h"
+#include "shell/DatabaseLinks.h"
 #include "shell/RecentFiles.h"
 #include "shell/StatusPanelWidget.h"
 #include "shell/frmMain.h"
@@ -101,6 +102,8 @@ void frmMain::checkToggled(const MenuRow& row, bool checked)
         Picture1->setVisible(checked);
     if (row.setting == &Settings::ReadOnlyOpen)
         MenuSync();
+    if (row.setting == &Settings::AutoDBArr && checked)
+        addOpenFilesToDatabase();
 }
 
 void frmMain::loadCheckMarks()

@@ -1,0 +1,59 @@
+// The window on the arrangement database: the files that have a number, and the ways to give and take numbers.
+//
+// While it is open the database's buffer is what it shows; whatever changes the database brings the list up to date.
+#pragma once
+
+#include "toolkit/ChildWindow.h"
+
+class QLabel;
+class QLayout;
+class QPushButton;
+class RowList;
+class StageTimer;
+
+class frmEditDBArr final : public ChildWindow
+{
+public:
+    /// Reads the database, which is there.
+    frmEditDBArr();
+    ~frmEditDBArr() override;
+
+    void unload() override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    // Construct.
+    void buildControls();
+    QLayout* listColumn(QWidget* content);
+    QLayout* buttonColumn(QWidget* content);
+    void wireHandlers();
+    void loadDatabase();
+
+    // Handle.
+    void List1_Click();
+    void CommAddAll_Click();
+    void CommDelete_Click();
+    void CommApri_Click();
+    void TimerAddAll_Tick();
+    void TimerCancella_Tick();
+    void TimerApri_Tick();
+    void fillRows();
+    void showFolder();
+    void enableButtons();
+    int selectedRow() const; ///< from 0; -1 without a selected row
+
+    RowList* List1 = nullptr;
+    QLabel* Label1 = nullptr; ///< headings
+    QLabel* Label2 = nullptr;
+    QLabel* Label3 = nullptr; ///< how many rows of how many
+    QLabel* Label4 = nullptr; ///< the working folder
+    QPushButton* CommAddAll = nullptr;
+    QPushButton* CommDelete = nullptr;
+    QPushButton* CommApri = nullptr;
+    QPushButton* CommClose = nullptr;
+    StageTimer* TimerAddAll = nullptr;
+    StageTimer* TimerApri = nullptr;
+    StageTimer* TimerCancella = nullptr;
+};
