@@ -36,9 +36,10 @@ constexpr int SmallestPointSize = 8;
 constexpr int LargeStep = 10;
 
 constexpr int Gap = 4;
-constexpr int PageGap = 6;
+constexpr int PageGap = 4;
 constexpr int Margin = 6;
-constexpr int ColumnGap = 12;
+constexpr int RowGap = 2;    ///< at the smallest; the rows share what a larger window has
+constexpr int FrameEdge = 2; ///< above and below the rows of a frame
 
 /// Where a list stands in its frame: rows and columns of captions and lists in pairs.
 struct ComboPlace {
@@ -57,9 +58,9 @@ void addAll(const Places& places, Add&& add)
 QGridLayout* makeGrid(QGroupBox* frame)
 {
     auto* grid = new QGridLayout(frame);
-    grid->setContentsMargins(Margin, Gap, Margin, Gap);
+    grid->setContentsMargins(Margin, FrameEdge, Margin, FrameEdge);
     grid->setHorizontalSpacing(Gap);
-    grid->setVerticalSpacing(Gap);
+    grid->setVerticalSpacing(RowGap);
     return grid;
 }
 
@@ -124,14 +125,14 @@ void frmGbl::buildGeneralPage(ChoiceRows& rows)
     QWidget* page = addPanelPage(SSTab1, QLatin1String(GeneralPage));
     auto* left = new QVBoxLayout;
     left->setSpacing(PageGap);
-    left->addWidget(buildGeneral(page, rows), 3);
-    left->addWidget(buildMidiIn(page, rows), 2);
+    left->addWidget(buildGeneral(page, rows), 6);
+    left->addWidget(buildMidiIn(page, rows), 5);
     auto* right = new QVBoxLayout;
     right->setSpacing(PageGap);
-    right->addWidget(buildScales(page, rows), 2);
-    right->addWidget(buildPedals(page, rows), 3);
+    right->addWidget(buildScales(page, rows), 4);
+    right->addWidget(buildPedals(page, rows), 7);
     auto* layout = new QHBoxLayout(page);
-    layout->setContentsMargins(PageGap, Gap, PageGap, Gap);
+    layout->setContentsMargins(PageGap, FrameEdge, PageGap, FrameEdge);
     layout->setSpacing(PageGap);
     layout->addLayout(left, 1);
     layout->addLayout(right, 1);
@@ -175,12 +176,9 @@ QGroupBox* frmGbl::buildGeneral(QWidget* page, ChoiceRows& rows)
     addSlider(frame, grid, 0, 0);
     addAll(Places, [&](int row, int column, int index) { addCombo(frame, grid, row, column, index, rows); });
     addSlider(frame, grid, VelocityRow, 1);
-    auto* checks = new QHBoxLayout;
-    checks->setSpacing(Gap);
-    for (int index = 0; index < GblCheck1.count(); ++index)
-        checks->addWidget(addCheck(frame, index));
-    checks->addStretch(1);
-    grid->addLayout(checks, CheckRow, 0, 1, 4);
+    grid->addWidget(addCheck(frame, 0), CheckRow, 0, 1, 2);
+    grid->addWidget(addCheck(frame, 1), CheckRow, 2, 1, 2);
+    grid->addWidget(addCheck(frame, 2), CheckRow + 1, 2, 1, 2);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
     return frame;
@@ -188,12 +186,11 @@ QGroupBox* frmGbl::buildGeneral(QWidget* page, ChoiceRows& rows)
 
 QGroupBox* frmGbl::buildMidiIn(QWidget* page, ChoiceRows& rows)
 {
-    constexpr ComboPlace Places[] = {{16, 0, 0}, {17, 1, 0}, {18, 2, 0}, {19, 0, 1}, {5, 1, 1}};
+    constexpr ComboPlace Places[] = {{16, 0, 0}, {17, 1, 0}, {18, 2, 0}, {19, 3, 0}, {5, 4, 0}};
     QGroupBox* frame = makeFrame(page, QStringLiteral("Frame3"), "Midi In");
     QGridLayout* grid = makeGrid(frame);
     addAll(Places, [&](int row, int column, int index) { addCombo(frame, grid, row, column, index, rows); });
     grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
     return frame;
 }
 

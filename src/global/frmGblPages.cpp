@@ -163,6 +163,6 @@ QGroupBox* frmGbl::buildChannels(QWidget* page, ChoiceRows& rows)
         grid->addWidget(makeCaption(frame, Channels[place], combo), place, 0);
         grid->addWidget(combo, place, 1);
     }
-    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
     return frame;
 }
