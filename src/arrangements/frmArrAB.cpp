@@ -49,7 +49,7 @@ frmArrAB* frmArrAB::open(int windowKind)
     return new frmArrAB(windowKind);
 }
 
-frmArrAB::frmArrAB(int windowKind) : ArrWindow("frmArrAB", &AppState::OtherCount)
+frmArrAB::frmArrAB(int windowKind) : ArrListWindow("frmArrAB", &AppState::OtherCount)
 {
     Tag = ArrBankTagBuild(windowKind);
     buildControls();

@@ -1,13 +1,13 @@
 // The window on a factory bank of arrangements, A or B. A bank is in the instrument already: a click only selects.
 #pragma once
 
-#include "arrangements/QtArrWindow.h"
+#include "arrangements/QtArrListWindow.h"
 #include "toolkit/ControlArray.h"
 #include "toolkit/StageTimer.h"
 
 class QLabel;
 
-class frmArrAB final : public ArrWindow
+class frmArrAB final : public ArrListWindow
 {
 public:
     /// Reads the bank of kind 2 or 3 beside the program and opens its window. Null when it cannot be read, which the

@@ -30,7 +30,7 @@ constexpr int GroupGap = 10;
 
 } // namespace
 
-frmArrNew::frmArrNew(int number) : ArrWindow("frmArrNew", &AppState::ArrUCount)
+frmArrNew::frmArrNew(int number) : ArrListWindow("frmArrNew", &AppState::ArrUCount)
 {
     Tag = ArrNewTagBuild(number);
     buildControls();

@@ -2,12 +2,12 @@
 // programs and database.
 #pragma once
 
-#include "arrangements/QtArrWindow.h"
+#include "arrangements/QtArrListWindow.h"
 #include "toolkit/StageTimer.h"
 
 class QLabel;
 
-class frmArrNew final : public ArrWindow
+class frmArrNew final : public ArrListWindow
 {
 public:
     /// Number 1 to 8. The template with its records emptied stands in the hand-over buffer.

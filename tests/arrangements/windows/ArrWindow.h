@@ -86,37 +86,37 @@ protected:
     }
 
     template <typename Control>
-    static Control* control(frmArrU* window, const char* name)
+    static Control* control(const QWidget* window, const char* name)
     {
         auto* found = window->findChild<Control*>(QLatin1String(name));
         EXPECT_NE(found, nullptr) << name;
         return found;
     }
-    static RowList* list(frmArrU* window) { return static_cast<RowList*>(control<QListWidget>(window, "List1")); }
-    static StageTimer* timer(frmArrU* window, const char* name)
+    static RowList* list(const QWidget* window) { return static_cast<RowList*>(control<QListWidget>(window, "List1")); }
+    static StageTimer* timer(const QWidget* window, const char* name)
     {
         return static_cast<StageTimer*>(control<QTimer>(window, name));
     }
-    static std::string text(frmArrU* window, const char* name)
+    static std::string text(const QWidget* window, const char* name)
     {
         return control<QLineEdit>(window, name)->text().toLatin1().toStdString();
     }
-    static std::string style(frmArrU* window)
+    static std::string style(const QWidget* window)
     {
         return control<QComboBox>(window, "Combo1")->currentText().toLatin1().toStdString();
     }
-    static bool enabled(frmArrU* window, const char* name) { return control<QPushButton>(window, name)->isEnabled(); }
-    static void press(frmArrU* window, const char* name)
+    static bool enabled(const QWidget* window, const char* name) { return control<QPushButton>(window, name)->isEnabled(); }
+    static void press(const QWidget* window, const char* name)
     {
         QTest::mouseClick(control<QPushButton>(window, name), Qt::LeftButton);
     }
-    static QPoint place(frmArrU* window, int row)
+    static QPoint place(const QWidget* window, int row)
     {
         RowList* rows = list(window);
         rows->scrollToItem(rows->item(row));
         return rows->visualItemRect(rows->item(row)).center();
     }
-    static void clickRow(frmArrU* window, int row, Qt::KeyboardModifiers modifiers = {})
+    static void clickRow(const QWidget* window, int row, Qt::KeyboardModifiers modifiers = {})
     {
         QTest::mouseClick(list(window)->viewport(), Qt::LeftButton, modifiers, place(window, row));
     }
@@ -126,7 +126,7 @@ protected:
         return QTest::qWaitFor([&] { return !diary.empty() && diary.back() == last; }, 3000);
     }
     /// Lets events run until no stage timer of the window is enabled.
-    static bool settled(frmArrU* window)
+    static bool settled(const QWidget* window)
     {
         return QTest::qWaitFor(
             [window] {

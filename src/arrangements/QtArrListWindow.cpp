@@ -1,5 +1,5 @@
 // The rows are read from the image at each filling; what changes one of them from outside is told by arrRowRenamed.
-#include "arrangements/QtArrWindow.h"
+#include "arrangements/QtArrListWindow.h"
 
 #include "arrangements/ArrRows.h"
 #include "core/Shell.h"
@@ -21,11 +21,11 @@ constexpr int ShownCharacters = 20; ///< of a row at the least: code, mark, name
 
 } // namespace
 
-ArrWindow::ArrWindow(const char* name, int AppState::*counter) : ChildWindow(name, counter) {}
+ArrListWindow::ArrListWindow(const char* name, int AppState::*counter) : ChildWindow(name, counter) {}
 
-ArrWindow::~ArrWindow() { std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this)); }
+ArrListWindow::~ArrListWindow() { std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this)); }
 
-void ArrWindow::makeList(QWidget* content)
+void ArrListWindow::makeList(QWidget* content)
 {
     List1 = new RowList(content, QStringLiteral("List1"));
     List1->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -34,7 +34,7 @@ void ArrWindow::makeList(QWidget* content)
     List1->setMinimumWidth(ShownCharacters * List1->fontMetrics().averageCharWidth());
 }
 
-void ArrWindow::makeStyleBox(QWidget* content)
+void ArrListWindow::makeStyleBox(QWidget* content)
 {
     Combo1 = new QComboBox(content);
     Combo1->setObjectName(QStringLiteral("Combo1"));
@@ -47,14 +47,14 @@ void ArrWindow::makeStyleBox(QWidget* content)
     connect(Combo1, &QComboBox::activated, this, [this] { showStyleOf(selectedRow()); });
 }
 
-QPushButton* ArrWindow::makeButton(QWidget* content, const char* name, const QString& caption)
+QPushButton* ArrListWindow::makeButton(QWidget* content, const char* name, const QString& caption)
 {
     auto* button = new QPushButton(caption, content);
     button->setObjectName(QLatin1String(name));
     return button;
 }
 
-QLineEdit* ArrWindow::makeReadOnlyText(QWidget* content, const char* name)
+QLineEdit* ArrListWindow::makeReadOnlyText(QWidget* content, const char* name)
 {
     auto* text = new QLineEdit(content);
     text->setObjectName(QLatin1String(name));
@@ -62,7 +62,7 @@ QLineEdit* ArrWindow::makeReadOnlyText(QWidget* content, const char* name)
     return text;
 }
 
-void ArrWindow::fillRows()
+void ArrListWindow::fillRows()
 {
     List1->setAccessibleName(windowTitle());
     QStringList rows;
@@ -73,7 +73,7 @@ void ArrWindow::fillRows()
     Arr.rowOwners.push_back(this);
 }
 
-void ArrWindow::ArrStyleListFill()
+void ArrListWindow::ArrStyleListFill()
 {
     QStringList styles;
     for (const std::string& text : arrStyleEntries(image()))
@@ -83,20 +83,20 @@ void ArrWindow::ArrStyleListFill()
     showStyle({});
 }
 
-int ArrWindow::selectedRow() const
+int ArrListWindow::selectedRow() const
 {
     const QListWidgetItem* item = List1->currentItem();
     return item && item->isSelected() ? List1->ListIndex() : -1;
 }
 
-bool ArrWindow::rowIsEmpty(int row) const { return isEmptyRowText(List1->rowText(row)); }
+bool ArrListWindow::rowIsEmpty(int row) const { return isEmptyRowText(List1->rowText(row)); }
 
-void ArrWindow::showStyleOf(int row)
+void ArrListWindow::showStyleOf(int row)
 {
     showStyle(row < 0 || rowIsEmpty(row) ? QString() : fromInstrument(arrStyleEntry(image(), row)));
 }
 
-void ArrWindow::showStyle(const QString& text)
+void ArrListWindow::showStyle(const QString& text)
 {
     const int index = text.isEmpty() ? -1 : Combo1->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
     Combo1->setCurrentIndex(index);
@@ -104,7 +104,7 @@ void ArrWindow::showStyle(const QString& text)
         Combo1->setEditText(text);
 }
 
-void ArrWindow::arrRowRenamed(int row)
+void ArrListWindow::arrRowRenamed(int row)
 {
     constexpr std::size_t CodeAndMark = 4;
     QListWidgetItem* item = List1->item(row);
@@ -117,12 +117,12 @@ void ArrWindow::arrRowRenamed(int row)
         fromInstrument(before.size() < CodeAndMark ? arrRowText(image(), row) : before.substr(0, CodeAndMark) + name));
 }
 
-QString ArrWindow::fromInstrument(const std::string& text)
+QString ArrListWindow::fromInstrument(const std::string& text)
 {
     return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
 }
 
-void ArrWindow::enableMenuItem(const char* name, bool enabled)
+void ArrListWindow::enableMenuItem(const char* name, bool enabled)
 {
     if (App.shell)
         App.shell->enableMenuItem(name, enabled);

@@ -9,13 +9,13 @@ class QLineEdit;
 class QPushButton;
 class RowList;
 
-class ArrWindow : public ChildWindow, protected ArrRowOwner
+class ArrListWindow : public ChildWindow, protected ArrRowOwner
 {
 public:
-    ~ArrWindow() override;
+    ~ArrListWindow() override;
 
 protected:
-    ArrWindow(const char* name, int AppState::*counter);
+    ArrListWindow(const char* name, int AppState::*counter);
 
     // Construct.
     void makeList(QWidget* content);
