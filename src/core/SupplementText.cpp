@@ -101,6 +101,15 @@ constexpr std::array Rows = {
         Words::FindIdHint,
         "Numero del file (1 e 2 i banchi A e B, gli altri in Edit TvlDBArr), poi codice dell'Arrangement: 111, 30588",
         "Number of the file (1 and 2 the banks A and B, others in Edit TvlDBArr), then arrangement code: 111, 30588"},
+    StringRow{Words::OctaveShift, "Ottava", "Octave"},
+    StringRow{Words::SplitNote, "Nota del punto di split", "Note of the split point"},
+    StringRow{Words::SplitMarker, "Segno del punto di split", "Marker of the split point"},
+    StringRow{Words::ClickKeyHint, "Un tasto suona quando lo si preme; senza, suona quando il puntatore vi passa sopra",
+              "A key sounds when it is pressed; without, when the pointer passes over it"},
+    StringRow{Words::HoldNoteHint, "Un tasto premuto continua a suonare finché non lo si preme di nuovo",
+              "A pressed key goes on sounding until it is pressed again"},
+    StringRow{Words::HoldChordHint, "Fissa le note tenute: ogni tasto suona lo stesso accordo a partire da sé",
+              "Keeps the held notes: each key then plays the same chord from itself"},
 };
 
 static_assert(Rows.size() == static_cast<std::size_t>(Words::count()), "a row for each name in Words");

@@ -81,6 +81,12 @@ enum Id : int {
     StyleGroup,
     StyleTotal,
     FindIdHint, ///< tool tip of the find window's field
+    OctaveShift, ///< the keyboard window
+    SplitNote,
+    SplitMarker,
+    ClickKeyHint,
+    HoldNoteHint,
+    HoldChordHint,
     // The next name stands here, its row at the end of SupplementText.cpp.
     End
 };

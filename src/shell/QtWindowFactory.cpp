@@ -10,6 +10,7 @@
 #include "database/frmEditDBArr.h"
 #include "database/frmFindID.h"
 #include "global/frmGbl.h"
+#include "keyboard/frmTastiera.h"
 #include "midi/frmMsgEx.h"
 #include "programs/frmDrum.h"
 #include "programs/frmPcgAE.h"
@@ -35,6 +36,8 @@ ChildWindow* makeChildWindow(int windowKind, int slot)
         return DBArrPresent(true) ? new frmEditDBArr : nullptr;
     case WindowKind::EditArr:
         return new frmEditArr;
+    case WindowKind::Keyboard:
+        return new frmTastiera;
     case WindowKind::MessageMonitor:
         return new frmMsgEx;
     case WindowKind::Guide:

@@ -14,6 +14,7 @@ database
 instrument
 styles programs global
 arrangements
+keyboard
 clipboard
 shell
 app' '

@@ -1,0 +1,193 @@
+// The keys' places follow the frame's size; the pointer is followed in the frame's own coordinates, whichever key has
+// caught it.
+#include "keyboard/KeyBedWidget.h"
+
+#include "keyboard/KeyGeometry.h"
+#include "keyboard/KeyWidget.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+/// Two places of the pointer that follow one another within this time are one movement; milliseconds.
+constexpr quint64 OneMovement = 25;
+
+QRect inPixels(const TwipsRect& twips, qreal unitX, qreal unitY)
+{
+    const auto pixel = [](int place, qreal unit) { return static_cast<int>(std::lround(place * unit)); };
+    return {QPoint(pixel(twips.left, unitX), pixel(twips.top, unitY)),
+            QPoint(pixel(twips.left + twips.width, unitX) - 1, pixel(twips.top + twips.height, unitY) - 1)};
+}
+
+} // namespace
+
+KeyBedWidget::KeyBedWidget(QWidget* parent) : QFrame(parent)
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    Key.create([this](int key) {
+        auto* widget = new KeyWidget(key, this);
+        widget->installEventFilter(this);
+        return widget;
+    });
+    for (int key = 0; key < KeyRange::Count; ++key)
+        if (isBlackKey(key))
+            Key[key]->raise();
+}
+
+void KeyBedWidget::resizeEvent(QResizeEvent* event)
+{
+    QFrame::resizeEvent(event);
+    const qreal unitX = width() / qreal(KeyGeometry::Frame.width);
+    const qreal unitY = height() / qreal(KeyGeometry::Frame.height);
+    for (int key = 0; key < KeyRange::Count; ++key)
+        Key[key]->setGeometry(inPixels(keyRect(key), unitX, unitY));
+}
+
+// The pointer.
+
+bool KeyBedWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto type = event->type();
+    // The second press of a fast repetition comes as a double click; it is a press like the first.
+    const bool down = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+    if (!down && type != QEvent::MouseButtonRelease && type != QEvent::MouseMove)
+        return type == QEvent::ContextMenu; // a right press on a key plays it and opens no menu
+    const auto* mouse = static_cast<const QMouseEvent*>(event);
+    const auto* widget = static_cast<const KeyWidget*>(watched);
+    if (type == QEvent::MouseMove) {
+        pointerAt(widget->mapToParent(mouse->position()), mouse->timestamp());
+        return true;
+    }
+    const int key = static_cast<int>(std::find(Key.begin(), Key.end(), widget) - Key.begin());
+    down ? mouseDown(key) : mouseUp(key);
+    return true;
+}
+
+void KeyBedWidget::mouseMoveEvent(QMouseEvent* event) { pointerAt(event->position(), event->timestamp()); }
+
+void KeyBedWidget::leaveEvent(QEvent* event)
+{
+    QFrame::leaveEvent(event);
+    last_ = {};
+    tell(NoKey, {});
+}
+
+void KeyBedWidget::pointerAt(QPointF place, quint64 time)
+{
+    const Sample before = last_;
+    last_ = {place, time};
+    if (before.time != 0 && time >= before.time && time - before.time <= OneMovement)
+        passOverWay(before.place, place);
+    tell(keyAt(place), place);
+}
+
+/// Tells the keys that lie between two places, each once; the keys of the places themselves are told by the caller.
+void KeyBedWidget::passOverWay(QPointF from, QPointF to)
+{
+    const QPointF way = to - from;
+    const int steps = static_cast<int>(std::max(std::abs(way.x()), std::abs(way.y())));
+    const int goal = keyAt(to);
+    for (int step = 1; step < steps; ++step) {
+        const QPointF place = from + way * step / steps;
+        const int key = keyAt(place);
+        if (key != lastKey_ && key != goal)
+            tell(key, place);
+    }
+}
+
+void KeyBedWidget::tell(int key, QPointF place)
+{
+    lastKey_ = key;
+    if (key == NoKey)
+        mouseOutside();
+    else
+        mouseMove(key, heightInKey(key, place));
+}
+
+int KeyBedWidget::keyAt(QPointF place) const
+{
+    const QPoint pixel(static_cast<int>(std::floor(place.x())), static_cast<int>(std::floor(place.y())));
+    int found = NoKey;
+    for (int key = 0; key < KeyRange::Count; ++key) {
+        if (!Key[key]->geometry().contains(pixel))
+            continue;
+        found = key;
+        if (isBlackKey(key))
+            break; // it lies above the white ones
+    }
+    return found;
+}
+
+int KeyBedWidget::heightInKey(int key, QPointF place) const
+{
+    const QWidget* widget = Key[key];
+    const qreal inside = std::floor(place.y()) - widget->y();
+    return static_cast<int>(std::lround(inside * keyRect(key).height / std::max(1, widget->height())));
+}
+
+// The computer's keyboard: the arrows are the pointer, the blank is its button.
+
+void KeyBedWidget::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Left:
+        moveCursor(-1);
+        break;
+    case Qt::Key_Right:
+        moveCursor(1);
+        break;
+    case Qt::Key_Space:
+        if (!event->isAutoRepeat() && !spaceDown_) {
+            spaceDown_ = true;
+            mouseDown(cursor_);
+        }
+        break;
+    default:
+        QFrame::keyPressEvent(event);
+    }
+}
+
+void KeyBedWidget::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Space)
+        QFrame::keyReleaseEvent(event);
+    else if (!event->isAutoRepeat())
+        releaseSpace();
+}
+
+void KeyBedWidget::moveCursor(int step)
+{
+    releaseSpace(); // its release belongs to the key that it pressed
+    Key[cursor_]->showCursor(false);
+    cursor_ = std::clamp(cursor_ + step, 0, KeyRange::Count - 1);
+    Key[cursor_]->showCursor(true);
+    mouseMove(cursor_, 0);
+}
+
+void KeyBedWidget::releaseSpace()
+{
+    if (!spaceDown_)
+        return;
+    spaceDown_ = false;
+    mouseUp(cursor_);
+}
+
+void KeyBedWidget::focusInEvent(QFocusEvent* event)
+{
+    QFrame::focusInEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    Key[cursor_]->showCursor(reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason);
+}
+
+void KeyBedWidget::focusOutEvent(QFocusEvent* event)
+{
+    QFrame::focusOutEvent(event);
+    releaseSpace();
+    Key[cursor_]->showCursor(false);
+}

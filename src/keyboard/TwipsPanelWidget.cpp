@@ -1,0 +1,102 @@
+// The panel keeps its proportions: what the window has more in one direction stays empty around it.
+#include "keyboard/TwipsPanelWidget.h"
+
+#include "toolkit/Twips.h"
+
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr qreal UsualPointSize = 9; ///< of a desktop; with it the panel has its own size
+
+constexpr int Inch = 1440;
+
+// Larger than this the panel grows; a few pixels of a wider window frame leave it as it is.
+constexpr qreal WorthGrowing = 1.05;
+
+int pixelsX(int twips, qreal factor) { return qRound(twips * factor * twipsToPixelsX(Inch) / Inch); }
+int pixelsY(int twips, qreal factor) { return qRound(twips * factor * twipsToPixelsY(Inch) / Inch); }
+
+} // namespace
+
+TwipsPanelWidget::TwipsPanelWidget(int width, int height, qreal pointSize, QWidget* parent)
+    : QWidget(parent), width_(width), height_(height), pointSize_(pointSize)
+{
+    const qreal desktop = font().pointSizeF() > 0 ? font().pointSizeF() : UsualPointSize;
+    least_ = std::max<qreal>(1, desktop / UsualPointSize);
+    factor_ = least_;
+    setMinimumSize(atFactor(least_));
+    showWords();
+    setMouseTracking(true);
+}
+
+QSize TwipsPanelWidget::atFactor(qreal factor) const { return {pixelsX(width_, factor), pixelsY(height_, factor)}; }
+
+void TwipsPanelWidget::put(const Placed& placed)
+{
+    placed_.push_back(placed);
+    show(placed);
+    showWords(placed);
+}
+
+void TwipsPanelWidget::moveTo(QWidget* control, int left, int top)
+{
+    for (Placed& placed : placed_)
+        if (placed.control == control) {
+            placed.twips.left = left;
+            placed.twips.top = top;
+            show(placed);
+        }
+}
+
+void TwipsPanelWidget::show(const Placed& placed)
+{
+    const TwipsRect& twips = placed.twips;
+    const QSize room = factor_ > least_ ? size() - atFactor(factor_) : QSize();
+    const QPoint origin(std::max(0, room.width() / 2), std::max(0, room.height() / 2));
+    const QPoint corner(pixelsX(twips.left, factor_), pixelsY(twips.top, factor_));
+    const QPoint behind(pixelsX(twips.left + twips.width, factor_), pixelsY(twips.top + twips.height, factor_));
+    placed.control->setGeometry(QRect(origin + corner, origin + behind - QPoint(1, 1)));
+}
+
+void TwipsPanelWidget::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    const QSize whole = atFactor(1);
+    const qreal fits = std::min(width() / qreal(whole.width()), height() / qreal(whole.height()));
+    const qreal factor = fits > least_ * WorthGrowing ? fits : least_;
+    if (factor != factor_) {
+        factor_ = factor;
+        showWords();
+    }
+    for (const Placed& placed : placed_)
+        show(placed);
+}
+
+void TwipsPanelWidget::showWords()
+{
+    QFont words = font();
+    words.setPointSizeF(pointSize_ * factor_);
+    setFont(words);
+    for (const Placed& placed : placed_)
+        showWords(placed);
+}
+
+void TwipsPanelWidget::showWords(const Placed& placed)
+{
+    if (placed.words == 1)
+        return; // the panel's own words are inherited
+    QFont words = font();
+    words.setPointSizeF(pointSize_ * factor_ * placed.words);
+    placed.control->setFont(words);
+}
+
+void TwipsPanelWidget::mouseMoveEvent(QMouseEvent* event)
+{
+    QWidget::mouseMoveEvent(event);
+    if (mouseMove)
+        mouseMove();
+}
