@@ -165,6 +165,7 @@ QScrollArea* frmStyUN::figurePanel(QWidget* content)
     const int pitch = List1->sizeHintForRow(0);
     auto* panel = new QWidget;
     panel->setObjectName(QStringLiteral("figures"));
+    panel->setBackgroundRole(QPalette::Base); // as the list beside it
     auto* grid = new QGridLayout(panel);
     grid->setContentsMargins(0, 0, PanelGap, 0);
     grid->setHorizontalSpacing(PanelGap);
@@ -199,6 +200,7 @@ QFrame* frmStyUN::groupPanel(QWidget* panel, int group)
 {
     auto* frame = Picture2.put(group, new QFrame(panel));
     frame->setFrameStyle(QFrame::StyledPanel);
+    frame->setAutoFillBackground(true);
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(PanelGap, PanelGap, PanelGap, PanelGap);
     column->setSpacing(PanelGap);
