@@ -78,7 +78,8 @@ protected:
         openArr(19, 2, "/m/two", dice->oneIn(3) ? 16 : dice->roll(17), 20);
         openArr(20, 1, " (Untitled 1)", 4, 0);
         open(arrBankTag(2, anyArrangements({}, 60)));
-        std::string readOnly = arrTag(19, 3, "/m/locked", strangeArrangements(), anyStyles(6));
+        const std::vector<Style> few = anyStyles(6);
+        std::string readOnly = arrTag(19, 3, "/m/locked", strangeArrangements(), few);
         readOnly[1] = 1;
         open(readOnly);
         open(styTag(23, 2, "/m/styles", anyStyles(dice->roll(17))));
@@ -97,7 +98,8 @@ protected:
         if (window.Tag.kind() != 2)
             must(SlotsView(window.styles()).agrees, "table and blocks agree, lengths add up");
         must(arrangements->styles() == linked->styles(), "a style window and its arrangements hold the same styles");
-        checkList();
+        if (act.changes)
+            checkList();
         checkLink();
         checkOthers(partner());
     }
@@ -355,5 +357,4 @@ TEST_F(ArrModel, referencesStayWholeThroughAnySequence)
     EXPECT_GT(copies, Sequences / 8);
     EXPECT_GT(cuts, Sequences / 20);
     EXPECT_GT(pastes, Sequences / 8);
-    std::printf("%d copies, %d cuts, %d pastes\n", copies, cuts, pastes);
 }

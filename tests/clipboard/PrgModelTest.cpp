@@ -65,7 +65,8 @@ protected:
             must(window.part(270, 4) == (refers ? "KPGG" : "KORG"), "KPGG exactly when a reference record is there");
             must(window.at(18) == (refers ? 1 : 0), "the type byte says the same");
         }
-        checkList();
+        if (act.changes)
+            checkList();
         checkOthers(nullptr);
     }
     void checkRest()
@@ -172,5 +173,4 @@ TEST_F(PrgModel, theFilesHeadFollowsItsRecordsThroughAnySequence)
     EXPECT_GT(copies, Sequences / 8);
     EXPECT_GT(cuts, Sequences / 20);
     EXPECT_GT(pastes, Sequences / 8);
-    std::printf("%d copies, %d cuts, %d pastes\n", copies, cuts, pastes);
 }
