@@ -13,6 +13,7 @@ namespace
 {
 
 /// Report codes of this file.
+constexpr int ArrangementGone = 8;
 constexpr int ReadOnlyFile = 17;
 constexpr int ArrangementChanged = 2;
 
@@ -36,6 +37,13 @@ std::string userProgramName(std::string_view image, int number, const std::strin
     const Field nameField{record.offset + PrgLayout::RecordName.offset, PrgLayout::RecordName.size};
     const std::string name(trimRight(slice(image, nameField)));
     return name.empty() ? unnamed : name;
+}
+
+/// The file that ArrEditBuf came from, as the titles of its messages show it. A bank's window has no extension.
+std::string sourceTitle(int kind)
+{
+    const std::string stem(trimRight(slice(Arr.ArrEditBuf, ArrEditLayout::SourceStem)));
+    return kind == WindowKind::ArrFile ? stem + ".arr" : stem;
 }
 
 bool isSourceKind(int kind)
@@ -89,8 +97,10 @@ int ArrEditStore()
     if (isSourceKind(kind)) {
         const int number = kind == WindowKind::ArrFile ? byteAt(Arr.ArrEditBuf, SourceSlotOffset) : -1;
         WindowBuffer* window = OpenWindows::find(kind, number);
-        if (!window)
+        if (!window) {
+            ReportError(ArrangementGone, sourceTitle(kind), {});
             return 1;
+        }
         if (kind == WindowKind::ArrFile && window->readOnly()) {
             ReportError(ReadOnlyFile, arrFileTitle(*window), {});
             return 1;
@@ -106,12 +116,11 @@ int ArrEditStore()
     return 0;
 }
 
-void askToStoreEdit(const std::string& title)
+bool askToStoreEdit(const std::string& title)
 {
     if (!Arr.ArrEditOpen || !Arr.ArrEditDirty)
-        return;
-    if (AskSave(ArrangementChanged, title) == Answer::Yes)
-        (void)ArrEditStore(); // a refusal has been reported; the edit stays where it is
+        return true;
+    return AskSave(ArrangementChanged, title) != Answer::Yes || ArrEditStore() == 0;
 }
 
 bool editHoldsImage(std::string_view image)

@@ -75,12 +75,14 @@ extern ArrState Arr;
 /// a caller must not use it afterwards.
 void ArrEditLoad(std::string_view image, int& index);
 
-/// Writes ArrEditBuf back to the window it came from. 0, or 1 when nothing was written: the file is read only
-/// (reported) or its window is gone.
+/// Writes ArrEditBuf back to the window it came from. 0, or 1 when nothing was written and the edit stays as it is: the
+/// file is read only or its window is gone. Both are reported.
 [[nodiscard]] int ArrEditStore();
 
 /// With an open editor that holds changes: asks whether to save them, and stores them on Yes. `title` is the box's.
-void askToStoreEdit(const std::string& title);
+/// False when the user wants them saved and they could not be: they stand in ArrEditBuf alone, and nothing may take
+/// their place there.
+[[nodiscard]] bool askToStoreEdit(const std::string& title);
 
 /// True when ArrEditBuf holds record `row` of this image.
 bool editHoldsRow(std::string_view image, int row);

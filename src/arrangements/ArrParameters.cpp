@@ -8,6 +8,8 @@ namespace
 
 int positionOf(const ArrParameter& parameter, std::string_view block, int base)
 {
+    if (parameter.onlySent)
+        return parameter.high;
     const int taken = parameter.taken(byteAt(block, base + parameter.offset));
     const int own = (taken & parameter.mask) >> std::countr_zero(static_cast<unsigned>(parameter.mask));
     return parameter.position(own);

@@ -43,6 +43,9 @@ constexpr int octaveTaken(int value) { return value <= 2 || value == 254 || valu
 constexpr int octavePosition(int value) { return value <= 2 ? 2 - value : 258 - value; }
 constexpr int octaveStored(int position) { return position <= 2 ? 2 - position : 258 - position; }
 constexpr int statusTaken(int value) { return value > 11 ? 3 : value; }
+// The fourth state of Out Status2 is none of its list: it shows no row, and stays until the user chooses one.
+constexpr int NoOutStatus2 = 0x0C;
+constexpr int status2Taken(int value) { return (value & NoOutStatus2) == NoOutStatus2 ? value : statusTaken(value); }
 constexpr int wAroundTaken(int value) { return value <= 11 || value == 255 ? value : 11; }
 constexpr int wAroundPosition(int value) { return value == 255 ? 12 : 11 - value; }
 constexpr int wAroundStored(int position) { return position == 12 ? 255 : 11 - position; }
@@ -75,6 +78,7 @@ struct ArrParameter {
     int silentFrom = AllPositions;       ///< positions from here on are written and not sent
     unsigned silentTracks = 0;           ///< bit k: written and not sent for track k
     bool kept = false;                   ///< shown, and never written by the editor
+    bool onlySent = false;               ///< no byte of the block holds it: the instrument alone has it
 
     constexpr ArrParameter storedBy(ArrRule rule) const
     {
@@ -106,6 +110,12 @@ struct ArrParameter {
         changed.silentTracks = tracks;
         return changed;
     }
+    constexpr ArrParameter notHeld() const
+    {
+        ArrParameter changed = *this;
+        changed.onlySent = true;
+        return changed;
+    }
     constexpr ArrParameter neverWritten() const
     {
         ArrParameter changed = *this;
@@ -114,7 +124,7 @@ struct ArrParameter {
     }
 };
 
-/// The general part, in the order of the block.
+/// The general part, in the order of the block, then what the block does not hold.
 enum class ArrGeneral {
     InitVar,
     Tempo,
@@ -143,6 +153,8 @@ enum class ArrGeneral {
     Fill2,
     Effect1,
     Effect2,
+    EffectSwitch1,
+    EffectSwitch2,
     Count
 };
 
@@ -213,6 +225,8 @@ inline constexpr std::array General = {
     listed("Effect 2", ArrBlock::Effect2, ArrLists::Effects, effectTaken, effectPosition)
         .storedBy(effectStored)
         .sentAs(8),
+    ranged("Effect 1 On/Off", ArrBlock::Effect1.offset, 0, 1).sentAs(7).notHeld(),
+    ranged("Effect 2 On/Off", ArrBlock::Effect2.offset, 0, 1).sentAs(9).notHeld(),
 };
 static_assert(General.size() == static_cast<std::size_t>(ArrGeneral::Count));
 
@@ -243,7 +257,7 @@ inline constexpr std::array TrackRows = {
     bits("Out Status1", Track::Status, 0x03, ArrLists::OutStatus1, statusTaken, asStored)
         .sentAs(17)
         .silentOn(SecondKeyboard),
-    bits("Out Status2", Track::Status, 0x0C, ArrLists::OutStatus2, statusTaken, asStored)
+    bits("Out Status2", Track::Status, 0x0C, ArrLists::OutStatus2, status2Taken, asStored)
         .sentAs(15)
         .silentFromPosition(Solo),
     bits("W-Around", Track::WAround, 0xFF, ArrLists::WAround, wAroundTaken, wAroundPosition)
@@ -279,7 +293,8 @@ constexpr const ArrParameter& arrParameter(ArrTrack which)
 constexpr int arrMessage(ArrTrack which, int track) { return arrParameter(which).message + 10 * track; }
 
 /// What the parameter's control shows: a list position from 0, a scroll bar's value, or 0 and 1 for a check mark. It
-/// may lie outside the list where the rules keep no guard.
+/// may lie outside the list where the rules keep no guard. For a parameter that the block does not hold it is the
+/// highest: the editor opens with the effects on.
 int arrPosition(std::string_view block, ArrGeneral which);
 int arrPosition(std::string_view block, int track, ArrTrack which);
 

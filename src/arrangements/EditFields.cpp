@@ -9,8 +9,6 @@
 namespace
 {
 
-constexpr std::array EffectSwitchMessage = {7, 9};
-
 /// Replaces the field's own bits of its byte and leaves all others as they are.
 void write(const ArrParameter& field, int base, int stored)
 {
@@ -39,6 +37,10 @@ void take(const Edit& edit, int position)
     const ArrParameter& field = edit.field;
     if (field.kept || position < field.low || position > field.high)
         return;
+    if (field.onlySent) {
+        send(edit, position, position);
+        return;
+    }
     Arr.ArrEditDirty = true;
     const int stored = field.stored(position);
     if (field.sentAsShown)
@@ -88,11 +90,4 @@ void arrEditStyle(int number, int bank, std::string_view name)
     putByte(Arr.ArrEditBuf, ArrBlock::StyleBank.offset, bank);
     putText(Arr.ArrEditBuf, ArrEditLayout::StyleName, name);
     Arr.ArrEditDirty = true;
-}
-
-void effectSwitchSend(int effect, bool on)
-{
-    const int value = on ? 1 : 0;
-    ParamChangeSend(effect, EffectSwitchMessage[static_cast<std::size_t>(effect)], value,
-                    ArrRules::negativeFlag(value));
 }

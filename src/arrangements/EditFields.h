@@ -30,7 +30,7 @@ inline constexpr int TracksOnFirstPage = 3;
 /// The place of Combo1 that chooses the variation whose DDrumMap is shown. It shows no field of its own.
 inline constexpr int VariationSelector = 5;
 
-/// The fields of Combo1, Check1, EffCombo by index.
+/// The fields of Combo1, Check1, EffCombo, EffComm by index.
 inline constexpr std::array Combo1 = {ArrGeneral::KeyboardAssign, ArrGeneral::Fill1,     ArrGeneral::Fill2,
                                       ArrGeneral::InitVar,        ArrGeneral::Transpose, ArrGeneral::Count,
                                       ArrGeneral::Kick,           ArrGeneral::Snare,     ArrGeneral::EnsembleType,
@@ -41,6 +41,7 @@ inline constexpr std::array Check1 = {ArrGeneral::DynamicVelocity, ArrGeneral::T
                                       ArrGeneral::BassInversion,   ArrGeneral::ChordHold,    ArrGeneral::ChordLatch,
                                       ArrGeneral::EnsembleSwitch};
 inline constexpr std::array EffCombo = {ArrGeneral::Effect1, ArrGeneral::Effect2};
+inline constexpr std::array EffComm = {ArrGeneral::EffectSwitch1, ArrGeneral::EffectSwitch2};
 
 /// The lists of a track, Combo2(6k) to Combo2(6k + 5).
 inline constexpr std::array Combo2 = {ArrTrack::SendC,      ArrTrack::SendD,      ArrTrack::Octave,
@@ -71,7 +72,7 @@ inline constexpr Field WrittenName{ArrBlock::Name.offset, 10};
 
 /// Takes a position that the user chose: ArrEditBuf is dirty, the field's own bits change, the message goes out.
 /// `control` is the index of the control that changed. Nothing at all happens for a position that the field does not
-/// have, and for a field that the editor only shows.
+/// have, and for a field that the editor only shows; what the block does not hold is sent alone.
 void arrEdit(ArrGeneral which, int position, int control);
 void arrEdit(int track, ArrTrack which, int position, int control);
 
@@ -81,6 +82,3 @@ void arrEditName(std::string_view name);
 /// Takes a program for a track, a style: bytes of the block, name of 16 bytes at most. Nothing is sent.
 void arrEditProgram(int track, int number, int bank, std::string_view name);
 void arrEditStyle(int number, int bank, std::string_view name);
-
-/// Effect 0 or 1 on or off, on the instrument alone: the block does not hold it.
-void effectSwitchSend(int effect, bool on);

@@ -1,4 +1,5 @@
-// A strip's layout: the program and the switches above, the two faders at the left, the lists in two columns.
+// A strip's layout: the program above, the two faders at the left with mute and solo under them as on a mixer, the
+// lists in two columns.
 #include "arrangements/TrackStrip.h"
 
 #include "core/Strings.h"
@@ -17,7 +18,9 @@ namespace
 
 constexpr int VolumeColumn = 0;
 constexpr int PanColumn = 1;
-constexpr int RowsOfAChoice = 3; ///< its caption, its list, room that grows with the window
+constexpr int RowsOfAChoice = 3; ///< its caption, its list, the gap behind it
+constexpr int WidestGap = 12;    ///< pixels that a higher strip gives each such gap; what is left goes below
+constexpr int MostHeight = 340;  ///< pixels from which on a strip grows no further
 constexpr int VolumeLargeStep = 10;
 constexpr int PanLargeStep = 3;
 constexpr int Gap = 4;
@@ -49,14 +52,14 @@ TrackStrip::TrackStrip(int track, QWidget* parent, ChoiceRows& rows, const Capti
     auto* head = new QHBoxLayout;
     head->setSpacing(Gap);
     buildProgram(head);
-    mute = buildSwitch("M", "Mute", head);
-    solo = buildSwitch("S", "Solo", head);
 
     auto* faders = new QGridLayout;
     faders->setHorizontalSpacing(RowGap);
     faders->setVerticalSpacing(RowGap);
     volume = buildFader(ArrTrack::Volume, "Vol", VolumeLargeStep, volumeText, faders, VolumeColumn, makeCaption);
     pan = buildFader(ArrTrack::Pan, "Pan", PanLargeStep, panText, faders, PanColumn, makeCaption);
+    mute = buildSwitch("M", "Mute", faders, VolumeColumn);
+    solo = buildSwitch("S", "Solo", faders, PanColumn);
     auto* body = new QHBoxLayout;
     body->setSpacing(Gap);
     body->addLayout(faders);
@@ -67,6 +70,7 @@ TrackStrip::TrackStrip(int track, QWidget* parent, ChoiceRows& rows, const Capti
     layout->setSpacing(Gap);
     layout->addLayout(head);
     layout->addLayout(body, 1);
+    setMaximumHeight(MostHeight);
     orderTabs();
 }
 
@@ -89,13 +93,14 @@ void TrackStrip::buildProgram(QBoxLayout* row)
     row->addWidget(programLabel);
 }
 
-QPushButton* TrackStrip::buildSwitch(const char* letter, const char* what, QBoxLayout* row)
+QPushButton* TrackStrip::buildSwitch(const char* letter, const char* what, QGridLayout* grid, int column)
 {
     QPushButton* button = makeColourButton(this, letter);
     button->setAccessibleName(nameOf(what));
     button->setFixedWidth(program->sizeHint().height());
     button->setMaximumHeight(program->sizeHint().height());
-    row->addWidget(button);
+    constexpr int BelowTheFader = 3;
+    grid->addWidget(button, BelowTheFader, column, Qt::AlignHCenter);
     return button;
 }
 
@@ -128,10 +133,11 @@ QLayout* TrackStrip::buildChoices(ChoiceRows& rows, const CaptionMaker& makeCapt
         const int row = RowsOfAChoice * place.row;
         grid->addWidget(makeCaption(this, place.caption, combo), row, place.column);
         grid->addWidget(combo, row + 1, place.column);
-        grid->setRowStretch(row + 2, 1);
+        grid->addItem(new QSpacerItem(0, WidestGap, QSizePolicy::Minimum, QSizePolicy::Maximum), row + 2, place.column);
         grid->setColumnStretch(place.column, 1);
         choices[i] = combo;
     }
+    grid->setRowStretch(grid->rowCount(), 1);
     return grid;
 }
 
@@ -143,10 +149,10 @@ void TrackStrip::orderTabs()
         before = control;
     };
     next(programLabel);
-    next(mute);
-    next(solo);
     next(volume);
     next(pan);
+    next(mute);
+    next(solo);
     for (const std::size_t i : {0U, 1U, 2U, 3U, 5U, 4U})
         next(choices[i]);
 }

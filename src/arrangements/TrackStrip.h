@@ -43,7 +43,7 @@ private:
     QSlider* buildFader(ArrTrack which, const char* shortCaption, int largeStep, QLabel*& text, QGridLayout* grid,
                         int column, const CaptionMaker& makeCaption);
     QLayout* buildChoices(ChoiceRows& rows, const CaptionMaker& makeCaption);
-    QPushButton* buildSwitch(const char* letter, const char* what, QBoxLayout* row);
+    QPushButton* buildSwitch(const char* letter, const char* what, QGridLayout* grid, int column);
     void orderTabs();
 
     const char* caption_;

@@ -57,7 +57,8 @@ private:
     void showId(int row);
     void showStyle(const QString& text);
     void showEmptyRow();
-    void letEditFollow(int row);
+    /// False when the editor holds an edit that could not be stored: it stays with it.
+    [[nodiscard]] bool letEditFollow(int row);
     void enableEdit(bool enabled);
     void forgetEndedLoad();
     bool loadStyleFirst(int row);

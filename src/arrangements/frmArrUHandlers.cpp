@@ -74,12 +74,12 @@ void frmArrU::List1_Click()
     if (stage == ArrStage::List1::AfterStyLoad) {
         // Also a click on another row while the styles go out ends here: the details and the editor must be that row's.
         if (Arr.ArrEditOpen && !editHoldsRow(image(), row))
-            letEditFollow(row);
+            (void)letEditFollow(row);
         showDetails(row);
         selectOnInstrument(row);
         return;
     }
-    letEditFollow(row);
+    (void)letEditFollow(row); // the list, its details and the instrument go on without an editor that cannot
     if (App.DeviceMode != DeviceModes::ArrPlay)
         ModeArrPlay();
     showDetails(row);
@@ -116,16 +116,19 @@ void frmArrU::selectOnInstrument(int row)
     StatusNotice(ArrNotice::None, {});
 }
 
-void frmArrU::letEditFollow(int row)
+bool frmArrU::letEditFollow(int row)
 {
     if (!Arr.ArrEditOpen)
-        return;
-    // Required: No at the question discards the edit; the editor goes on with the row just chosen.
-    askToStoreEdit(caption());
+        return true;
+    // Required: No at the question discards the edit; the editor goes on with the row just chosen. What could not be
+    // stored after a Yes stays under edit instead: the editor is the only place where it stands.
+    if (!askToStoreEdit(caption()))
+        return false;
     int index = row;
     ArrEditLoad(image(), index);
     if (Arr.editor)
         Arr.editor->ArrEditFill();
+    return true;
 }
 
 void frmArrU::showEmptyRow()
@@ -179,13 +182,15 @@ void frmArrU::CommEdit_Click()
     const int row = selectedRow();
     if (row < 0 || isEmptyRowText(List1->rowText(row)))
         return;
+    bool taken = true;
     if (Arr.ArrEditOpen) {
-        letEditFollow(row); // the editor may hold changes of another window's arrangement
+        taken = letEditFollow(row); // the editor may hold changes of another window's arrangement
     } else {
         int index = row;
         ArrEditLoad(image(), index);
     }
-    enableEdit(false);
+    if (taken)
+        enableEdit(false);
     if (App.shell)
         App.shell->showWindow(WindowKind::EditArr, 0);
     Arr.ArrEditOpen = Arr.editor != nullptr;

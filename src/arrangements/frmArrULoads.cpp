@@ -45,7 +45,7 @@ void frmArrU::CommLoadArr_Click()
 {
     // Required: the question stands before the stage is read. A No leaves the edit as it is, so it is asked again on
     // the second pass, when the dump is about to go out without the changes.
-    askToStoreEdit(caption());
+    (void)askToStoreEdit(caption()); // a refused store leaves the edit where it is, as No does
     if (TimerLoadArr->Interval() == StageTimer::Rest) {
         StatusNotice(ArrNotice::LoadingArr, {});
         TimerLoadArr->setStage(ArrStage::LoadArr::Send);

@@ -36,19 +36,20 @@ constexpr int SplitLargeStep = 10;
 constexpr int StyleCaption = 1; ///< the place of the style's label among the labels
 constexpr int StripsInARow = 3;
 constexpr int SmallestPointSize = 8;
+constexpr int MostPageWidth = 1200; ///< pixels from which on a page grows no wider
 
 constexpr int Gap = 4;
 constexpr int PageGap = 3;
 constexpr int Margin = 4;
 constexpr int RowGap = 1;
 
-/// Captions of Combo1 that are shorter than the field's own name, so that the general frame stays narrow.
+/// Captions of Combo1, row by row in two columns, shorter than the field's own name where the frame would be too wide.
 struct ShortCaption {
     int index;
     const char* text;
 };
-constexpr ShortCaption GeneralLists[] = {{0, "Keyboard"},   {4, "Transpose"}, {1, "Fill 1"}, {2, "Fill 2"},
-                                         {3, "Init. Var."}, {9, "Drum kit"},  {6, "Kick"},   {7, "Snare"}};
+constexpr ShortCaption GeneralLists[] = {{0, "Keyboard"}, {1, "Fill 1"}, {4, "Transpose"},  {2, "Fill 2"},
+                                         {9, "Drum kit"}, {6, "Kick"},   {3, "Init. Var."}, {7, "Snare"}};
 
 /// Letters that the instrument's character set has.
 QValidator* latinLetters(QObject* parent)
@@ -95,6 +96,7 @@ void frmEditArr::buildControls()
 QWidget* frmEditArr::addPage(const char* pageCaption)
 {
     QWidget* page = addPanelPage(SSTab1, QLatin1String(pageCaption));
+    page->setMaximumWidth(MostPageWidth);
     frames_.push_back(page);
     return page;
 }
@@ -102,18 +104,16 @@ QWidget* frmEditArr::addPage(const char* pageCaption)
 void frmEditArr::buildFirstPage(ChoiceRows& rows)
 {
     QWidget* page = addPage(FirstPage);
-    auto* left = new QVBoxLayout;
-    left->setSpacing(PageGap);
-    left->addWidget(buildGeneral(page, rows), 1);
-    left->addWidget(buildEnsemble(page, rows));
+    QGroupBox* general = buildGeneral(page, rows);
     auto* right = new QVBoxLayout;
     right->setSpacing(PageGap);
     right->addWidget(buildSwitches(page));
     right->addWidget(buildEffects(page, rows));
+    right->addWidget(buildEnsemble(page, rows));
     right->addStretch(1);
     auto* upper = new QHBoxLayout;
     upper->setSpacing(PageGap);
-    upper->addLayout(left, 3);
+    upper->addWidget(general, 3);
     upper->addLayout(right, 2);
 
     auto* tracks = new QHBoxLayout;
@@ -124,7 +124,10 @@ void frmEditArr::buildFirstPage(ChoiceRows& rows)
     layout->setContentsMargins(PageGap, RowGap, PageGap, RowGap);
     layout->setSpacing(PageGap);
     layout->addLayout(upper);
-    layout->addLayout(tracks, 1);
+    // Only what the strips leave goes below them.
+    constexpr int AllTheRest = 100;
+    layout->addLayout(tracks, AllTheRest);
+    layout->addStretch(1);
 }
 
 void frmEditArr::buildSecondPage(ChoiceRows& rows)
@@ -136,9 +139,10 @@ void frmEditArr::buildSecondPage(ChoiceRows& rows)
     for (int track = TracksOnFirstPage; track < ArrLayout::TrackCount; ++track) {
         const int place = track - TracksOnFirstPage;
         layout->addWidget(buildTrack(page, track, rows), place / StripsInARow, place % StripsInARow);
-        layout->setRowStretch(place / StripsInARow, 1);
+        layout->setRowStretch(place / StripsInARow, 100);
         layout->setColumnStretch(place % StripsInARow, 1);
     }
+    layout->setRowStretch(layout->rowCount(), 1);
 }
 
 QLabel* frmEditArr::makeCaption(QWidget* parent, std::string_view text, QWidget* control)
@@ -183,10 +187,10 @@ QGroupBox* frmEditArr::buildGeneral(QWidget* page, ChoiceRows& rows)
 {
     QGroupBox* frame = makeFrame(page, "General", "General");
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(PageGap);
+    grid->setHorizontalSpacing(Gap + 2);
     grid->setVerticalSpacing(RowGap);
     buildNames(frame, grid);
-    buildGeneralLists(frame, rows, grid, 1);
+    buildGeneralLists(frame, rows, grid, 2);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
 
@@ -218,9 +222,10 @@ void frmEditArr::buildNames(QWidget* frame, QGridLayout* grid)
     styleLabel->setObjectName(memberName("Label", StyleCaption));
     styleLabel->setBuddy(style);
     grid->addWidget(makeCaption(frame, "Name", name), 0, 0);
-    grid->addWidget(name, 0, 1);
-    grid->addWidget(styleLabel, 0, 2);
-    grid->addWidget(style, 0, 3);
+    // Both are sixteen letters long.
+    grid->addWidget(name, 0, 1, 1, 3);
+    grid->addWidget(styleLabel, 1, 0);
+    grid->addWidget(style, 1, 1, 1, 3);
 }
 
 void frmEditArr::buildTempo(QWidget* frame, QGridLayout* grid)
@@ -386,6 +391,8 @@ void frmEditArr::wirePages()
 {
     for (QWidget* frame : frames_)
         onMousePress(frame, [this] { EditFieldClear(); });
+    // The strip of the tabs goes on beside them: there the press is the tab control's own.
     onMousePress(SSTab1->tabBar(), [this] { EditFieldClear(); });
+    onMousePress(SSTab1, [this] { EditFieldClear(); });
     turnPagesByKeys(this, SSTab1);
 }

@@ -38,14 +38,14 @@ public:
     void ArrEditFill() override;
     /// Makes Text1(index) the highlighted field; no other is.
     void EditFieldSelect(int index);
-    /// Takes the highlight away, and every mark of a selection with it.
+    /// Takes the highlight away.
     void EditFieldClear();
     /// Shows a MIDI note beside the split point; one below 36 changes nothing.
     void SplitNoteShow(int note);
 
     // FieldTarget.
-    bool PrgFieldSelected() const override { return PrgFieldSelected_; }
-    bool StyFieldSelected() const override { return StyFieldSelected_; }
+    bool PrgFieldSelected() const override { return highlightedTrack() >= 0; }
+    bool StyFieldSelected() const override { return FieldSelected[EditFields::StyleText]; }
     int highlightedTrack() const override;
     void assignProgram(int number, int bank, const std::string& name, const std::string& label) override;
     void assignStyle(int number, int bank, const std::string& name, const std::string& label) override;
@@ -125,10 +125,7 @@ private:
     int nextCaption_ = 0;
     std::vector<QWidget*> frames_; ///< a press of the mouse on one of these takes the highlight away
 
-    std::array<bool, EditFields::SelectableCount> FieldSelected{};
-    bool ArrFieldSelected_ = false;
-    bool StyFieldSelected_ = false;
-    bool PrgFieldSelected_ = false;
+    std::array<bool, EditFields::SelectableCount> FieldSelected{}; ///< one at most
     TrackSwitches switches_;
     QPalette normalField_; ///< the colours of Text1(0) as loaded
     QString caption_;

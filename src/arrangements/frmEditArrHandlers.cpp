@@ -56,24 +56,17 @@ frmEditArr::~frmEditArr() { close_(); }
 
 void frmEditArr::Text1_Click(int index)
 {
-    if (isProgramLabel(index)) {
+    if (isProgramLabel(index) || fieldAt(FieldSelected, index))
         EditFieldClear();
-        return;
-    }
-    if (fieldAt(FieldSelected, index)) {
-        EditFieldClear();
-        return;
-    }
-    EditFieldSelect(index);
-    bool& selected =
-        index == NameText ? ArrFieldSelected_ : (index == StyleText ? StyFieldSelected_ : PrgFieldSelected_);
-    selected = true;
+    else
+        EditFieldSelect(index);
 }
 
 void frmEditArr::Text1_Change(const QString& text)
 {
     if (Arr.ArrEditLoading)
         return;
+    EditFieldClear();
     showEditCaption(text);
     arrEditName(text.toLatin1().toStdString());
 }
@@ -91,19 +84,14 @@ void frmEditArr::EditFieldSelect(int index)
 void frmEditArr::EditFieldClear()
 {
     const auto selected = std::find(FieldSelected.begin(), FieldSelected.end(), true);
-    if (selected != FieldSelected.end()) {
-        Text1[static_cast<int>(selected - FieldSelected.begin())]->setPalette(normalField_);
-        *selected = false;
-    }
-    ArrFieldSelected_ = false;
-    StyFieldSelected_ = false;
-    PrgFieldSelected_ = false;
+    if (selected == FieldSelected.end())
+        return;
+    Text1[static_cast<int>(selected - FieldSelected.begin())]->setPalette(normalField_);
+    *selected = false;
 }
 
 int frmEditArr::highlightedTrack() const
 {
-    if (!PrgFieldSelected_)
-        return -1;
     const auto selected = std::find(FieldSelected.begin() + TrackText, FieldSelected.end(), true);
     return selected == FieldSelected.end() ? -1 : trackOfText(static_cast<int>(selected - FieldSelected.begin()));
 }
@@ -120,6 +108,8 @@ void frmEditArr::assignProgram(int programNumber, int bank, const std::string& n
 
 void frmEditArr::assignStyle(int styleNumber, int bank, const std::string& name, const std::string& label)
 {
+    if (!StyFieldSelected())
+        return;
     arrEditStyle(styleNumber, bank, name);
     showText(StyleText, name);
     styleLabel->setText(fromPanel(label));
@@ -132,6 +122,7 @@ void frmEditArr::Combo1_Click(int index, int row)
 {
     if (Arr.ArrEditLoading || row < 0)
         return;
+    EditFieldClear();
     if (index == VariationSelector) {
         showDDrumMap();
         return;
@@ -144,7 +135,6 @@ void frmEditArr::Combo1_Click(int index, int row)
         showPosition(Combo1[index], arrPosition(Arr.ArrEditBuf, field));
         return;
     }
-    EditFieldClear();
     arrEdit(field, row, index);
 }
 
@@ -211,7 +201,7 @@ void frmEditArr::EffCombo_Click(int index, int row)
 void frmEditArr::EffComm_Click(int index)
 {
     const bool on = EffComm[index]->text() == QLatin1String(Off);
-    effectSwitchSend(index, on);
+    arrEdit(fieldAt(EditFields::EffComm, index), on ? 1 : 0, index);
     EffComm[index]->setText(QLatin1String(on ? On : Off));
 }
 

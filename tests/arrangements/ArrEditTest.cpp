@@ -141,16 +141,33 @@ TEST_F(ArrStore, refusesAReadOnlyFileAndKeepsTheEdit)
     EXPECT_EQ(user().warnings[0].text, "Read only file");
 }
 
-TEST_F(ArrStore, writesABankWindowEvenWhenItsFileIsReadOnly)
+TEST_F(ArrStore, writesTheBankWindowThatItCameFromEvenWhenItsFileIsReadOnly)
 {
-    WindowBuffer bank(arrImage("Arr B", arrFile({})));
-    bank.set(0, 3);
-    bank.set(1, 1);
-    OpenWindows::add(&bank);
-    Arr.ArrEditBuf[324] = 3;
-    EXPECT_EQ(ArrEditStore(), 0);
-    EXPECT_EQ(bank.at(302 + 164 * 2 + 100), 77);
-    EXPECT_EQ(bank.at(3), 1);
+    for (const int kind : {2, 3}) {
+        WindowBuffer bankA(arrImage("Arr A", arrFile({})));
+        WindowBuffer bankB(arrImage("Arr B", arrFile({})));
+        for (WindowBuffer* bank : {&bankA, &bankB}) {
+            bank->set(0, bank == &bankA ? 2 : 3);
+            bank->set(1, 1);
+            OpenWindows::add(bank);
+        }
+        WindowBuffer& own = kind == 2 ? bankA : bankB;
+        const std::string others = (kind == 2 ? bankB : bankA).bytes();
+        load(own.bytes(), 63);
+        Arr.ArrEditBuf[163] = 99;
+        Arr.ArrEditDirty = true;
+        std::string expected = own.bytes();
+        expected[302 + 164 * 63 + 163] = 99;
+        expected[3] = 1;
+        expected[2] = 2;
+        EXPECT_EQ(ArrEditStore(), 0);
+        EXPECT_TRUE(own.bytes() == expected) << kind;
+        EXPECT_TRUE((kind == 2 ? bankB : bankA).bytes() == others) << kind;
+        EXPECT_FALSE(Arr.ArrEditDirty);
+        EXPECT_TRUE(user().warnings.empty());
+        OpenWindows::remove(&bankA);
+        OpenWindows::remove(&bankB);
+    }
     EXPECT_EQ(window.at(3), 0);
 }
 
@@ -162,11 +179,27 @@ TEST_F(ArrStore, writesNoImageOfAnotherKind)
     EXPECT_FALSE(Arr.ArrEditDirty);
 }
 
-TEST_F(ArrStore, failsWithoutItsWindow)
+TEST_F(ArrStore, tellsThatItsWindowIsGoneAndKeepsTheEdit)
 {
-    Arr.ArrEditBuf[326] = 4;
+    run.speak(2);
+    Arr.ArrNameChanged = true;
+    const std::string edit = Arr.ArrEditBuf;
+    OpenWindows::remove(&window);
     EXPECT_EQ(ArrEditStore(), 1);
     EXPECT_TRUE(Arr.ArrEditDirty);
+    EXPECT_TRUE(Arr.ArrNameChanged);
+    EXPECT_TRUE(Arr.ArrEditBuf == edit);
+    ASSERT_EQ(user().warnings.size(), 1u);
+    EXPECT_EQ(user().warnings[0].title, "song.arr");
+    EXPECT_EQ(user().warnings[0].text, "File Arrangement not found");
+
+    run.speak(1);
+    Arr.ArrEditBuf[324] = 2;
+    Arr.ArrEditBuf.replace(329, 24, "Arr A                   ");
+    EXPECT_EQ(ArrEditStore(), 1);
+    ASSERT_EQ(user().warnings.size(), 2u);
+    EXPECT_EQ(user().warnings[1].title, "Arr A");
+    EXPECT_EQ(user().warnings[1].text, "File Arrangement assente");
 }
 
 struct RenamedRow : ArrRowOwner {
@@ -191,11 +224,26 @@ TEST_F(ArrStore, tellsItsWindowOfANewNameOnlyWhenTheNameWasTyped)
     EXPECT_FALSE(Arr.ArrNameChanged);
 }
 
+TEST_F(ArrStore, tellsABankWindowOfANewName)
+{
+    WindowBuffer bank(arrImage("Arr B", arrFile({})));
+    bank.set(0, 3);
+    OpenWindows::add(&bank);
+    RenamedRow user(window);
+    RenamedRow owner(bank);
+    load(bank.bytes(), 40);
+    Arr.ArrNameChanged = true;
+    EXPECT_EQ(ArrEditStore(), 0);
+    EXPECT_EQ(owner.rows, std::vector{40});
+    EXPECT_TRUE(user.rows.empty());
+    EXPECT_FALSE(Arr.ArrNameChanged);
+}
+
 TEST_F(ArrStore, isAskedForOnlyWithChangesInAnOpenEditor)
 {
     run.speak(2);
     user().answers = {Answer::No};
-    askToStoreEdit("File Arr - song.arr (1)");
+    EXPECT_TRUE(askToStoreEdit("File Arr - song.arr (1)"));
     ASSERT_EQ(user().questions.size(), 1u);
     EXPECT_EQ(user().questions[0].title, "File Arr - song.arr (1)");
     EXPECT_EQ(user().questions[0].text, "The Arrangement has changed.\nSave changes ?");
@@ -203,15 +251,26 @@ TEST_F(ArrStore, isAskedForOnlyWithChangesInAnOpenEditor)
     EXPECT_EQ(window.at(3), 0);
 
     user().answers = {Answer::Yes};
-    askToStoreEdit("t");
+    EXPECT_TRUE(askToStoreEdit("t"));
     EXPECT_FALSE(Arr.ArrEditDirty);
     EXPECT_EQ(window.at(3), 1);
 
-    askToStoreEdit("t");
+    EXPECT_TRUE(askToStoreEdit("t"));
     Arr.ArrEditDirty = true;
     Arr.ArrEditOpen = false;
-    askToStoreEdit("t");
+    EXPECT_TRUE(askToStoreEdit("t"));
     EXPECT_EQ(user().questions.size(), 2u);
+}
+
+TEST_F(ArrStore, anAnswerOfYesThatCouldNotBeStoredIsTold)
+{
+    window.set(1, 1);
+    user().answers = {Answer::Yes};
+    EXPECT_FALSE(askToStoreEdit("t"));
+    EXPECT_TRUE(Arr.ArrEditDirty);
+    EXPECT_EQ(user().warnings.size(), 1u);
+    user().answers = {Answer::No};
+    EXPECT_TRUE(askToStoreEdit("t")) << "given up by the user";
 }
 
 TEST_F(ArrStore, knowsWhoseArrangementTheEditorHolds)

@@ -177,10 +177,13 @@ TEST(ArrBlock, octaveReadsTwoToMinusTwoAndAnythingElseAsZero)
     EXPECT_EQ(arrRow(Block().set(44, 254).bytes, 0, ArrTrack::Octave), " -2");
 }
 
-TEST(ArrBlock, aStatusByteOverElevenReadsAsBothAndPlay)
+TEST(ArrBlock, aStatusByteOverElevenReadsAsBothAndPlayAndAFourthStateAsNone)
 {
     expectTrackReadings(ArrTrack::OutStatus1, 6, {{0, 0}, {9, 1}, {10, 2}, {11, 3}, {12, 3}, {13, 3}, {255, 3}});
-    expectTrackReadings(ArrTrack::OutStatus2, 6, {{0, 0}, {5, 1}, {9, 2}, {11, 2}, {12, 0}, {255, 0}});
+    expectTrackReadings(ArrTrack::OutStatus2, 6,
+                        {{0, 0}, {5, 1}, {9, 2}, {11, 2}, {0x10, 0}, {0xF7, 0}, {0xFB, 0}, {12, 3}, {15, 3}, {255, 3}});
+    EXPECT_EQ(arrRow(Block().set(45, 12).bytes, 0, ArrTrack::OutStatus2), "");
+    EXPECT_EQ(arrRow(Block().set(45, 0xFB).bytes, 0, ArrTrack::OutStatus2), "PLAY");
     EXPECT_EQ(arrRow(Block().set(45, 9).bytes, 0, ArrTrack::OutStatus1), "INT");
     EXPECT_EQ(arrRow(Block().set(45, 9).bytes, 0, ArrTrack::OutStatus2), "SOLO");
 }

@@ -61,6 +61,19 @@ TEST_F(EditArrFields, onlyStoredValuesFrom245AreSentAsNegative)
                                                 message("20 7F 7F"), message("26 7F 7F")}));
 }
 
+TEST_F(EditArrFields, theEffectSwitchesAreParametersThatTheBlockDoesNotHold)
+{
+    for (const int position : {1, 0, 2, -1}) {
+        arrEdit(ArrGeneral::EffectSwitch1, position, 0);
+        arrEdit(ArrGeneral::EffectSwitch2, position, 1);
+    }
+    EXPECT_EQ(wire(), (std::vector<std::string>{message("07 01 00"), message("09 01 00"), message("07 00 00"),
+                                                message("09 00 00")}));
+    EXPECT_EQ(hex(Arr.ArrEditBuf), hex(before));
+    EXPECT_FALSE(Arr.ArrEditDirty);
+    EXPECT_EQ(arrPosition(Arr.ArrEditBuf, ArrGeneral::EffectSwitch1), 1) << "on at each opening";
+}
+
 TEST_F(EditArrFields, aNameOfTenBlanksIsStillAName)
 {
     arrEditName("");
@@ -97,7 +110,7 @@ TEST_F(EditArrFields, nothingOfTheSwitchesIsStored)
     TrackSwitches switches;
     switches.pressSolo(3);
     switches.pressMute(3);
-    effectSwitchSend(0, false);
+    arrEdit(ArrGeneral::EffectSwitch1, 0, 0);
     EXPECT_EQ(hex(Arr.ArrEditBuf), hex(before));
     EXPECT_FALSE(Arr.ArrEditDirty);
 }

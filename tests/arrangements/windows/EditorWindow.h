@@ -7,6 +7,7 @@
 #include "arrangements/frmEditArr.h"
 #include "core/FieldTarget.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QSlider>
@@ -26,6 +27,17 @@ struct EditShell : FakeShell {
     }
 };
 
+/// The port, with ArrEditBuf as it stood when the last message went out.
+struct EditPort : DiaryService {
+    using DiaryService::DiaryService;
+    std::string bufferWhenSent;
+    int midiOutLongMsg(std::int32_t handle, std::string_view message) override
+    {
+        bufferWhenSent = Arr.ArrEditBuf;
+        return DiaryService::midiOutLongMsg(handle, message);
+    }
+};
+
 /// A parameter message of the tests' global channel 3 from its parameter and value bytes, "0B 64 00".
 inline std::string parameter(const std::string& bytes) { return "F0 42 32 4D 41 " + bytes + " F7"; }
 
@@ -38,6 +50,7 @@ protected:
     EditorWindow()
     {
         App.shell = &editShell;
+        Midi.service = &editPort;
         editShell.onShow = [this](int kind) {
             if (kind == WindowKind::EditArr && editor == nullptr)
                 show(new frmEditArr);
@@ -85,12 +98,12 @@ protected:
     void forget()
     {
         diary.clear();
-        port.forget();
+        editPort.forget();
     }
     /// What went out since the last look.
     std::vector<std::string> sent()
     {
-        const std::vector<std::string> messages = wire(port);
+        const std::vector<std::string> messages = wire(editPort);
         forget();
         return messages;
     }
@@ -152,6 +165,17 @@ protected:
         while (box->currentIndex() != row)
             key(box, box->currentIndex() > row ? Qt::Key_Up : Qt::Key_Down);
     }
+    /// Opens the list and presses a row of it.
+    static void chooseByMouse(QComboBox* box, int row)
+    {
+        box->showPopup();
+        QAbstractItemView* rows = box->view();
+        const QPoint spot = rows->visualRect(rows->model()->index(row, 0)).center();
+        QTest::mouseMove(rows->viewport(), spot);
+        QTest::qWait(QApplication::doubleClickInterval() + 50); // an earlier press is taken as the opening's
+        QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, spot);
+        QApplication::processEvents();
+    }
     void slide(QSlider* bar, int value) const
     {
         const bool upright = bar->orientation() == Qt::Vertical;
@@ -179,6 +203,7 @@ protected:
     static QColor buttonColour(const QWidget* widget) { return widget->palette().color(QPalette::Button); }
 
     EditShell editShell;
+    EditPort editPort{diary};
     frmArrU* source = nullptr;
     frmEditArr* editor = nullptr;
 };
@@ -241,6 +266,37 @@ inline constexpr std::array<std::size_t, 9> Record = {39, 47, 55, 63, 71, 79, 87
 class EditorControls : public EditorWindow
 {
 protected:
+    static constexpr int SomeProgram = 6; ///< the field that is highlighted before each edit
+
+    /// The edit that comes is the first one: nothing is changed, a field is highlighted, nothing was sent.
+    void ready()
+    {
+        Arr.ArrEditDirty = false;
+        editor->EditFieldSelect(SomeProgram);
+        forget();
+        before_ = Arr.ArrEditBuf;
+    }
+    enum class Sent { Written, BeforeTheWriting };
+    /// Every bit of the buffer but the edit's own is as before, what was derived from the file too; the messages, the
+    /// marks; and the byte stood in its place when its message went out, or not yet.
+    void expectEdit(std::size_t offset, int mask, int bits, const std::vector<std::string>& messages,
+                    Sent when = Sent::Written)
+    {
+        const std::string after = with(before_, offset, mask, bits);
+        EXPECT_TRUE(Arr.ArrEditBuf == after) << hex(Arr.ArrEditBuf) << "\ninstead of\n" << hex(after);
+        if (!messages.empty()) {
+            EXPECT_TRUE(editPort.bufferWhenSent == (when == Sent::Written ? after : before_)) << "written too late";
+        }
+        EXPECT_EQ(sent(), messages);
+        EXPECT_TRUE(Arr.ArrEditDirty);
+        expectNoHighlight();
+    }
+    void expectNoHighlight() const
+    {
+        EXPECT_FALSE(editor->PrgFieldSelected());
+        EXPECT_NE(baseColour(field(SomeProgram)), QColor(0, 255, 255));
+    }
+
     EditorControls()
     {
         std::mt19937 random(65);
@@ -253,4 +309,7 @@ protected:
             return {};
         return {parameter(std::string(number) + " " + value)};
     }
+
+private:
+    std::string before_;
 };

@@ -27,18 +27,17 @@ TEST_F(EditorControls, eachVolumeFaderSends128ValuesAsTheyAreStored)
         SCOPED_TRACE(bar->objectName().toStdString());
         EXPECT_EQ(bar->orientation(), Qt::Vertical);
         EXPECT_EQ(bar->pageStep(), 10);
-        slide(bar, 0);
-        EXPECT_EQ(byteOf(Record[track] + 2), 0);
-        for (int value = 1; value <= 127; ++value) {
-            const std::string before = block();
-            forget();
-            key(bar, Qt::Key_Up);
-            EXPECT_EQ(hex(block()), hex(with(before, Record[track] + 2, 0xFF, value)));
-            EXPECT_EQ(sent(), message(numbers[track], (pair(value) + " 00").c_str()));
+        slide(bar, 1);
+        for (int value = 0; value <= 127; ++value) {
+            ready();
+            key(bar, value == 0 ? Qt::Key_Down : Qt::Key_Up);
+            expectEdit(Record[track] + 2, 0xFF, value, message(numbers[track], (pair(value) + " 00").c_str()));
             EXPECT_EQ(label("Label2", 2 * static_cast<int>(track) + 1), std::to_string(value));
         }
+        ready();
         key(bar, Qt::Key_Up);
         EXPECT_EQ(sent(), std::vector<std::string>{}) << "the top is reached";
+        EXPECT_FALSE(Arr.ArrEditDirty);
     }
 }
 
@@ -52,11 +51,9 @@ TEST_F(EditorControls, eachPanFaderGoesFromOffOverTheCentreToPrg)
         EXPECT_EQ(bar->pageStep(), 3);
         slide(bar, 2);
         for (std::size_t position = 0; position < Pans.size(); ++position) {
-            const std::string before = block();
-            forget();
+            ready();
             key(bar, position == 0 ? Qt::Key_Down : Qt::Key_Up);
-            EXPECT_EQ(hex(block()), hex(with(before, Record[track] + 3, 0xFF, Pans[position].bits)));
-            EXPECT_EQ(sent(), message(numbers[track], Pans[position].value));
+            expectEdit(Record[track] + 3, 0xFF, Pans[position].bits, message(numbers[track], Pans[position].value));
             EXPECT_EQ(label("Label2", index), Pans[position].text);
         }
         EXPECT_EQ(bar->value(), 33);
@@ -68,38 +65,41 @@ TEST_F(EditorControls, theTempoSendsWhatItShowsAndStoresThirtyLess)
     QSlider* bar = fader("VScroll1", 0);
     EXPECT_EQ(bar->pageStep(), 10);
     slide(bar, 41);
-    slide(bar, 40);
-    EXPECT_EQ(byteOf(21), 10);
-    for (int shownTempo = 41; shownTempo <= 240; ++shownTempo) {
-        const std::string before = block();
-        forget();
-        key(bar, Qt::Key_Up);
-        EXPECT_EQ(hex(block()), hex(with(before, 21, 0xFF, shownTempo - 30)));
+    for (int shownTempo = 40; shownTempo <= 240; ++shownTempo) {
+        ready();
+        key(bar, shownTempo == 40 ? Qt::Key_Down : Qt::Key_Up);
         const std::string value = shownTempo < 128 ? pair(shownTempo) + " 00" : pair(shownTempo - 128) + " 01";
-        EXPECT_EQ(sent(), message("00", value.c_str()));
+        // The tempo alone is sent before it is stored.
+        expectEdit(21, 0xFF, shownTempo - 30, message("00", value.c_str()), Sent::BeforeTheWriting);
         EXPECT_EQ(label("Label1", 0), std::to_string(shownTempo));
     }
     EXPECT_EQ(bar->value(), bar->maximum());
     EXPECT_EQ(pair(byteOf(21)), "D2");
 }
 
-TEST_F(EditorControls, theTempoIsSentBeforeItIsStored)
+TEST_F(EditorControls, theLowestValuesAreSentLikeAllOthers)
 {
-    slide(fader("VScroll1", 0), 120);
-    struct Watch : RecordingMidiService {
-        int stored = -1;
-        int midiOutLongMsg(std::int32_t handle, std::string_view bytes) override
-        {
-            stored = static_cast<unsigned char>(Arr.ArrEditBuf[21]);
-            return RecordingMidiService::midiOutLongMsg(handle, bytes);
-        }
-    } watch;
-    Midi.service = &watch;
-    key(fader("VScroll1", 0), Qt::Key_Up);
-    EXPECT_EQ(wire(watch), std::vector<std::string>{parameter("00 79 00")});
-    EXPECT_EQ(watch.stored, 90) << "the byte of 120 stood when the message went out";
-    EXPECT_EQ(byteOf(21), 91);
-    Midi.service = &port;
+    struct Lowest {
+        QSlider* bar;
+        int code;
+        std::size_t offset;
+        int byte;
+        const char* message; ///< "" where nothing goes out
+    };
+    const Lowest bars[] = {{fader("VScroll1", 0), Qt::Key_Down, 21, 0x0A, "00 28 00"},
+                           {fader("VScroll1", 17), Qt::Key_Down, 105, 0x00, "5B 00 00"},
+                           {fader("VScroll1", 18), Qt::Key_Down, 106, 0xFF, "5C 7F 7F"},
+                           {fader("HScroll1", 0), Qt::Key_Left, 23, 0x24, "02 24 00"},
+                           {fader("HScroll1", 1), Qt::Key_Left, 29, 0x01, ""}};
+    for (const Lowest& one : bars) {
+        SCOPED_TRACE(one.bar->objectName().toStdString());
+        slide(one.bar, one.bar->minimum() + 1);
+        forget();
+        key(one.bar, one.code);
+        EXPECT_EQ(pair(byteOf(one.offset)), pair(one.byte));
+        EXPECT_EQ(sent(),
+                  *one.message == '\0' ? std::vector<std::string>{} : std::vector<std::string>{parameter(one.message)});
+    }
 }
 
 TEST_F(EditorControls, theSplitPointShowsItsNoteAndTellsTheKeyboardWindow)
@@ -108,22 +108,28 @@ TEST_F(EditorControls, theSplitPointShowsItsNoteAndTellsTheKeyboardWindow)
     Arr.keyboardSplit = [&told](int note) { told.push_back(note); };
     QSlider* bar = fader("HScroll1", 0);
     EXPECT_EQ(bar->pageStep(), 10);
-    slide(bar, 36);
-    EXPECT_EQ(label("Label1", 3), "C2");
+    slide(bar, 37);
     const char* octaveOfNotes[] = {"C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"};
-    for (int note = 37; note <= 96; ++note) {
-        const std::string before = block();
-        forget();
+    for (int note = 36; note <= 96; ++note) {
+        ready();
         told.clear();
-        key(bar, Qt::Key_Right);
-        EXPECT_EQ(hex(block()), hex(with(before, 23, 0xFF, note)));
-        EXPECT_EQ(sent(), message("02", (pair(note) + " 00").c_str()));
+        key(bar, note == 36 ? Qt::Key_Left : Qt::Key_Right);
+        expectEdit(23, 0xFF, note, message("02", (pair(note) + " 00").c_str()));
         EXPECT_EQ(told, std::vector<int>{note});
         std::string text = octaveOfNotes[note % 12];
         text.insert(1, std::to_string(note / 12 - 1)); // the octave stands before the sharp
         EXPECT_EQ(label("Label1", 3), text);
     }
     EXPECT_EQ(label("Label1", 3), "C7");
+
+    told.clear();
+    Arr.ArrEditBuf[23] = 48;
+    editor->ArrEditFill();
+    EXPECT_EQ(label("Label1", 3), "C3");
+    EXPECT_EQ(told, std::vector<int>{}) << "only the user's hand moves the keyboard's split";
+    Arr.keyboardSplit = nullptr;
+    key(bar, Qt::Key_Right);
+    EXPECT_EQ(byteOf(23), 49) << "without a keyboard window";
 }
 
 TEST_F(EditorControls, eachCheckMarkWritesItsBitAndOnlyThreeAreSent)
@@ -144,18 +150,15 @@ TEST_F(EditorControls, eachCheckMarkWritesItsBitAndOnlyThreeAreSent)
         QCheckBox* box = check(index++);
         EXPECT_EQ(box->text(), one.caption);
         for (int press = 0; press < 3; ++press) {
-            const std::string before = block();
+            SCOPED_TRACE(one.caption);
             const bool on = !box->isChecked();
-            Arr.ArrEditDirty = false;
-            forget();
+            ready();
             if (press % 2 == 0)
                 key(box, Qt::Key_Space);
             else
                 QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
             EXPECT_EQ(box->isChecked(), on);
-            EXPECT_EQ(hex(block()), hex(with(before, one.offset, one.mask, on ? one.mask : 0))) << one.caption;
-            EXPECT_EQ(sent(), message(one.number, on ? "01 00" : "00 00")) << one.caption;
-            EXPECT_TRUE(Arr.ArrEditDirty);
+            expectEdit(one.offset, one.mask, on ? one.mask : 0, message(one.number, on ? "01 00" : "00 00"));
         }
     }
 }
@@ -165,14 +168,12 @@ TEST_F(EditorControls, theDrumMapBarWritesTheVariationThatIsChosen)
     for (int variation = 0; variation < 4; ++variation) {
         choose(combo("Combo1", 5), variation);
         QSlider* bar = fader("HScroll1", 1);
+        slide(bar, 3);
         slide(bar, 2);
-        slide(bar, 1);
-        for (int value = 2; value <= 8; ++value) {
-            const std::string before = block();
-            forget();
-            key(bar, Qt::Key_Right);
-            EXPECT_EQ(hex(block()), hex(with(before, 29 + static_cast<std::size_t>(variation), 0xFF, value)));
-            EXPECT_EQ(sent(), std::vector<std::string>{});
+        for (int value = 1; value <= 8; ++value) {
+            ready();
+            key(bar, value == 1 ? Qt::Key_Left : Qt::Key_Right);
+            expectEdit(29 + static_cast<std::size_t>(variation), 0xFF, value, {});
             EXPECT_EQ(label("Label1", 4), std::to_string(value));
         }
     }
@@ -206,7 +207,7 @@ TEST_F(EditorControls, theEffectSwitchesSendAndStoreNothing)
     EXPECT_FALSE(Arr.ArrEditDirty);
 }
 
-TEST_F(EditorControls, kickAndSnareIgnoreEveryChoice)
+TEST_F(EditorControls, kickAndSnareOutsideTheirListsIgnoreEveryChoice)
 {
     for (const int index : {6, 7}) {
         QComboBox* box = combo("Combo1", index);
@@ -225,6 +226,58 @@ TEST_F(EditorControls, kickAndSnareIgnoreEveryChoice)
     }
 }
 
+TEST_F(EditorControls, kickAndSnareIgnoreEveryChoiceByKeyAndMouse)
+{
+    Arr.ArrEditBuf[33] = 1;
+    Arr.ArrEditBuf[34] = 3;
+    editor->ArrEditFill();
+    const std::pair<int, const char*> cases[] = {{6, " B"}, {7, " D"}};
+    for (const auto& [index, shown] : cases) {
+        QComboBox* box = combo("Combo1", index);
+        SCOPED_TRACE(index);
+        choose(combo("Combo1", 1), 4);
+        choose(combo("Combo1", 1), 3); // an edit of another list comes before: its byte is not overwritten either
+        const std::string before = Arr.ArrEditBuf;
+        for (const int code : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_End}) {
+            ready();
+            key(box, code);
+            EXPECT_EQ(box->currentText(), shown);
+        }
+        ready();
+        chooseByMouse(box, 2);
+        EXPECT_EQ(box->currentText(), shown);
+        expectNoHighlight();
+        EXPECT_EQ(hex(Arr.ArrEditBuf), hex(before));
+        EXPECT_EQ(sent(), std::vector<std::string>{});
+        EXPECT_FALSE(Arr.ArrEditDirty);
+    }
+}
+
+TEST_F(EditorControls, theVariationSelectorTakesTheHighlightAwayAndWritesNothing)
+{
+    choose(combo("Combo1", 5), 1);
+    const std::string before = Arr.ArrEditBuf;
+    ready();
+    chooseByMouse(combo("Combo1", 5), 3);
+    EXPECT_EQ(combo("Combo1", 5)->currentText(), " VAR4");
+    expectNoHighlight();
+    EXPECT_EQ(hex(Arr.ArrEditBuf), hex(before));
+    EXPECT_EQ(sent(), std::vector<std::string>{});
+    EXPECT_FALSE(Arr.ArrEditDirty);
+}
+
+TEST_F(EditorControls, theMouseChoosesARowOfAList)
+{
+    choose(combo("Combo2", 16), 0);
+    ready();
+    chooseByMouse(combo("Combo2", 16), 1);
+    expectEdit(61, 0x0C, 0x04, message("23", "01 00"));
+    choose(combo("EffCombo", 1), 1);
+    ready();
+    chooseByMouse(combo("EffCombo", 1), 2);
+    expectEdit(136, 0xFF, 45, message("08", "2D 00"));
+}
+
 TEST_F(EditorControls, theNameWritesTenCharactersAndKeepsWhatStandsBehind)
 {
     editor->close();
@@ -232,11 +285,13 @@ TEST_F(EditorControls, theNameWritesTenCharactersAndKeepsWhatStandsBehind)
     editBlock(Block().name("Evergreen Waltz!").set(40, 0xEE).bytes);
     EXPECT_EQ(shown(0), "Evergreen Waltz!");
     EXPECT_EQ(caption(), "Edit Arrangement  song.arr / Evergreen ");
-    const std::string before = block();
+    const std::string before = Arr.ArrEditBuf;
     focus(field(0));
     field(0)->selectAll();
+    ready();
     QTest::keyClicks(field(0), "Abc");
-    EXPECT_EQ(hex(block()), hex("Abc       " + before.substr(10)));
+    EXPECT_EQ(hex(Arr.ArrEditBuf), hex("Abc       " + before.substr(10)));
+    expectNoHighlight();
     EXPECT_EQ(caption(), "Edit Arrangement  song.arr / Abc");
     EXPECT_TRUE(Arr.ArrNameChanged);
     EXPECT_TRUE(Arr.ArrEditDirty);
@@ -244,7 +299,7 @@ TEST_F(EditorControls, theNameWritesTenCharactersAndKeepsWhatStandsBehind)
 
     QTest::keyClicks(field(0), "defghijklmnopqrst");
     EXPECT_EQ(shown(0), "Abcdefghijklmnop") << "sixteen can be typed";
-    EXPECT_EQ(block(), "Abcdefghij" + before.substr(10)) << "ten are kept";
+    EXPECT_EQ(Arr.ArrEditBuf, "Abcdefghij" + before.substr(10)) << "ten are kept";
     EXPECT_EQ(caption(), "Edit Arrangement  song.arr / Abcdefghijklmnop");
 }
 

@@ -69,11 +69,19 @@ TEST_F(Editor, aDoubleClickIsOneClick)
 TEST_F(Editor, everyEditTakesTheHighlightAway)
 {
     edit(usual());
-    const std::vector<std::function<void()>> edits = {
-        [&] { key(combo("Combo1", 0), Qt::Key_Down); },   [&] { key(combo("Combo2", 14), Qt::Key_Down); },
-        [&] { key(fader("VScroll1", 0), Qt::Key_Up); },   [&] { key(fader("VScroll1", 5), Qt::Key_Up); },
-        [&] { key(fader("HScroll1", 0), Qt::Key_Left); }, [&] { key(check(0), Qt::Key_Space); },
-        [&] { key(combo("EffCombo", 0), Qt::Key_Up); }};
+    const std::vector<std::function<void()>> edits = {[&] { key(combo("Combo1", 0), Qt::Key_Down); },
+                                                      [&] { key(combo("Combo2", 14), Qt::Key_Down); },
+                                                      [&] { key(fader("VScroll1", 0), Qt::Key_Up); },
+                                                      [&] { key(fader("VScroll1", 5), Qt::Key_Up); },
+                                                      [&] { key(fader("HScroll1", 0), Qt::Key_Left); },
+                                                      [&] { key(check(0), Qt::Key_Space); },
+                                                      [&] { key(combo("EffCombo", 0), Qt::Key_Up); },
+                                                      [&] { key(combo("Combo1", 5), Qt::Key_Down); },
+                                                      [&] { key(combo("Combo1", 6), Qt::Key_Down); },
+                                                      [&] { key(combo("Combo1", 7), Qt::Key_Down); },
+                                                      [&] { key(fader("HScroll1", 1), Qt::Key_Left); },
+                                                      [&] { key(check(9), Qt::Key_Space); },
+                                                      [&] { key(field(0), Qt::Key_X); }};
     int number = 0;
     for (const auto& change : edits) {
         click(field(6));
@@ -103,6 +111,32 @@ TEST_F(Editor, aPressOnAFrameOrTabTakesTheHighlightAway)
     EXPECT_EQ(part<QTabWidget>("SSTab1")->currentIndex(), 1);
 }
 
+TEST_F(Editor, aPressBesideTheTabsTakesTheHighlightAway)
+{
+    edit(usual());
+    auto* pages = part<QTabWidget>("SSTab1");
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+        click(field(6));
+        ASSERT_TRUE(editor->PrgFieldSelected());
+        const QPoint spot(pages->width() - 4, pages->tabBar()->height() / 2);
+        ASSERT_EQ(pages->childAt(spot), nullptr) << "no tab, no page: the bare strip";
+        QTest::mousePress(pages, button, {}, spot);
+        EXPECT_FALSE(editor->PrgFieldSelected());
+        QTest::mouseRelease(pages, button, {}, spot);
+    }
+}
+
+TEST_F(Editor, aPressOnACaptionIsOneOnItsFrame)
+{
+    edit(usual());
+    click(field(6));
+    ASSERT_TRUE(editor->PrgFieldSelected());
+    auto* value = part<QLabel>("Label2(5)");
+    // As a user's press: at the window, which finds the widget below the mouse.
+    QTest::mousePress(value, Qt::LeftButton);
+    EXPECT_FALSE(editor->PrgFieldSelected());
+}
+
 TEST_F(Editor, theRightButtonOpensTheEditMenuAndIsNoClick)
 {
     edit(usual());
@@ -111,7 +145,7 @@ TEST_F(Editor, theRightButtonOpensTheEditMenuAndIsNoClick)
     QTest::mousePress(frame, Qt::RightButton, {}, QPoint(3, frame->height() - 3));
     EXPECT_FALSE(editor->PrgFieldSelected());
     for (QWidget* place : {static_cast<QWidget*>(frame), static_cast<QWidget*>(field(6)),
-                           static_cast<QWidget*>(combo("Combo2", 3)->lineEdit()),
+                           static_cast<QWidget*>(combo("Combo1", 0)->lineEdit()),
                            static_cast<QWidget*>(part<QTabWidget>("SSTab1")->tabBar())}) {
         editShell.popups = 0;
         const QPoint spot(3, place->height() / 2);
@@ -143,16 +177,27 @@ TEST_F(Editor, takesAProgramForTheHighlightedTrack)
     EXPECT_EQ(shown(13), "F 26") << "read again, a user program is of bank F";
 }
 
-TEST_F(Editor, takesAStyle)
+TEST_F(Editor, takesAStyleForItsHighlightedField)
 {
     edit(usual());
     const std::string before = block();
+    fieldTarget()->assignStyle(9, 1, "Too Soon", "Style (U22)");
+    click(field(6));
+    fieldTarget()->assignStyle(9, 1, "Too Soon", "Style (U22)");
+    EXPECT_EQ(hex(block()), hex(before)) << "a program's field does not take it";
+    EXPECT_EQ(shown(1), "Testa Rock");
+    EXPECT_FALSE(Arr.ArrEditDirty);
+    click(field(1));
+    fieldTarget()->assignProgram(5, 0, "Wrong Sort", "A 16");
+    EXPECT_FALSE(Arr.ArrEditDirty) << "nor the style's field a program";
     fieldTarget()->assignStyle(9, 1, "My Groove", "Style (U22)");
     EXPECT_EQ(hex(block()), hex(with(with(before, 17, 0xFF, 9), 18, 0xFF, 1)));
     EXPECT_EQ(Arr.ArrEditBuf.substr(164, 16), "My Groove       ");
     EXPECT_EQ(shown(1), "My Groove");
     EXPECT_EQ(label("Label", 1), "Style (U22)");
     EXPECT_TRUE(Arr.ArrEditDirty);
+    EXPECT_TRUE(editor->StyFieldSelected()) << "the field waits for another choice";
+    EXPECT_EQ(sent(), std::vector<std::string>{});
 }
 
 // Mute and solo.
@@ -185,6 +230,40 @@ TEST_F(Editor, aMuteIsOneMessageAndStoresNothing)
     EXPECT_EQ(sent(), mutes({"0F 00 00"}));
     EXPECT_EQ(colours("CommM"), "--------R");
     EXPECT_EQ(hex(block()), hex(before));
+    EXPECT_FALSE(Arr.ArrEditDirty);
+}
+
+TEST_F(Editor, everyMuteAndEverySoloIsItsOwnTracks)
+{
+    edit(usual());
+    const std::string before = Arr.ArrEditBuf;
+    const std::array<std::string, 9> numbers = {"0F", "19", "23", "2D", "37", "41", "4B", "55", "5F"};
+    for (int track = 0; track < 9; ++track) {
+        SCOPED_TRACE(track);
+        const auto place = static_cast<std::size_t>(track);
+        focus(button("CommM", track));
+        forget();
+        click(button("CommM", track));
+        EXPECT_EQ(sent(), mutes({numbers[place] + " 01 00"}));
+        EXPECT_EQ(colours("CommM"), std::string("---------").replace(place, 1, "R"));
+        EXPECT_EQ(colours("CommS"), "---------");
+        key(button("CommM", track), Qt::Key_Space);
+        EXPECT_EQ(sent(), mutes({numbers[place] + " 00 00"}));
+        EXPECT_EQ(colours("CommM"), "---------");
+
+        std::vector<std::string> expected;
+        for (std::size_t other = 0; other < 9; ++other)
+            expected.push_back(numbers[other] + (other == place ? " 00 00" : " 01 00"));
+        click(button("CommS", track));
+        EXPECT_EQ(sent(), mutes(expected));
+        EXPECT_EQ(colours("CommM"), std::string("RRRRRRRRR").replace(place, 1, "-"));
+        EXPECT_EQ(colours("CommS"), std::string("---------").replace(place, 1, "G"));
+        key(button("CommS", track), Qt::Key_Space);
+        EXPECT_EQ(sent(), mutes(released));
+        EXPECT_EQ(colours("CommM"), "---------");
+        EXPECT_EQ(colours("CommS"), "---------");
+    }
+    EXPECT_EQ(hex(Arr.ArrEditBuf), hex(before));
     EXPECT_FALSE(Arr.ArrEditDirty);
 }
 

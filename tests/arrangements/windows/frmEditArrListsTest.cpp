@@ -202,14 +202,11 @@ protected:
             steps.push_back(row);
         for (const int row : steps) {
             const ListRow& expected = rows[static_cast<std::size_t>(row)];
-            const std::string before = block();
-            Arr.ArrEditDirty = false;
-            forget();
+            SCOPED_TRACE(expected.text);
+            ready();
             choose(box, row);
             EXPECT_EQ(box->currentText().toStdString(), expected.text);
-            EXPECT_EQ(hex(block()), hex(with(before, offset, mask, expected.bits))) << expected.text;
-            EXPECT_EQ(sent(), message(number, expected.value)) << expected.text;
-            EXPECT_TRUE(Arr.ArrEditDirty);
+            expectEdit(offset, mask, expected.bits, message(number, expected.value));
         }
     }
 };

@@ -133,13 +133,22 @@ TEST_F(Editor, showsNoRowForAValueOutsideItsListAndKeepsTheByte)
     EXPECT_EQ(combo("Combo2", 0)->currentIndex(), -1) << "send nibble 11";
     EXPECT_EQ(combo("Combo2", 1)->currentIndex(), -1) << "send nibble 15";
     EXPECT_EQ(combo("Combo2", 3)->currentText(), "BOTH") << "a state above 11 is taken as 3";
-    EXPECT_EQ(combo("Combo2", 4)->currentText(), "PLAY");
-    EXPECT_EQ(combo("Combo2", 16)->currentText(), "PLAY");
+    EXPECT_EQ(combo("Combo2", 4)->currentIndex(), -1) << "the fourth of the three states";
+    EXPECT_EQ(combo("Combo2", 4)->currentText(), "");
+    EXPECT_EQ(combo("Combo2", 16)->currentIndex(), -1);
     EXPECT_TRUE(check(9)->isChecked());
     EXPECT_EQ(hex(Arr.ArrEditBuf.substr(0, 164)), hex(block.bytes));
 
     key(combo("Combo1", 3), Qt::Key_Down);
     EXPECT_EQ(byteOf(19), 0) << "until the user chooses a row";
+    forget();
+    choose(combo("Combo2", 3), 2);
+    EXPECT_EQ(pair(byteOf(45)), "0E") << "the state beside it is another edit";
+    EXPECT_EQ(combo("Combo2", 4)->currentIndex(), -1);
+    forget();
+    key(combo("Combo2", 4), Qt::Key_Down);
+    EXPECT_EQ(pair(byteOf(45)), "02");
+    EXPECT_EQ(sent(), std::vector<std::string>{parameter("0F 00 00")});
 }
 
 TEST_F(Editor, anEditReplacesItsOwnBitsOfAnOddByte)
@@ -316,61 +325,4 @@ TEST_F(Editor, theWheelChangesOnlyAFaderThatHasTheFocus)
     QApplication::sendEvent(bar, &turn);
     EXPECT_EQ(bar->value(), 64);
     EXPECT_EQ(sent(), std::vector<std::string>{});
-}
-
-// By keyboard.
-
-TEST_F(Editor, tabWalksThePageFromTopToBottom)
-{
-    edit(usual());
-    part<QTabWidget>("SSTab1")->setCurrentIndex(0);
-    field(0)->setFocus();
-    QStringList order;
-    for (int step = 0; step < 70; ++step) {
-        QWidget* now = QApplication::focusWidget();
-        ASSERT_NE(now, nullptr);
-        const QString name = now->objectName();
-        if (order.contains(name))
-            break;
-        order << name;
-        QTest::keyClick(now, Qt::Key_Tab);
-    }
-    const QStringList general = {"Text1(0)",    "Text1(1)",  "Combo1(0)",   "Combo1(4)",  "Combo1(1)",
-                                 "Combo1(2)",   "Combo1(3)", "Combo1(9)",   "Combo1(6)",  "Combo1(7)",
-                                 "HScroll1(0)", "Combo1(5)", "HScroll1(1)", "VScroll1(0)"};
-    EXPECT_EQ(order.mid(0, general.size()), general);
-    const QStringList drum = {"Text1(2)",  "Text1(3)",  "CommM(0)",  "CommS(0)",  "VScroll1(1)", "VScroll1(2)",
-                              "Combo2(0)", "Combo2(1)", "Combo2(2)", "Combo2(3)", "Combo2(5)",   "Combo2(4)"};
-    EXPECT_EQ(order.mid(order.indexOf("Text1(2)"), drum.size()), drum);
-    EXPECT_FALSE(order.contains("Text1(8)")) << "the other page is not walked";
-    EXPECT_TRUE(order.contains("Combo2(17)"));
-}
-
-TEST_F(Editor, turnsItsPagesByKeys)
-{
-    edit(usual());
-    auto* pages = part<QTabWidget>("SSTab1");
-    area->setActiveSubWindow(editor);
-    field(0)->setFocus();
-    QTest::keyClick(field(0), Qt::Key_PageDown, Qt::ControlModifier);
-    EXPECT_EQ(pages->currentIndex(), 1);
-    QTest::keyClick(editor, Qt::Key_PageUp, Qt::ControlModifier);
-    EXPECT_EQ(pages->currentIndex(), 0);
-}
-
-TEST_F(Editor, scrollsWhatDoesNotFitAndCutsNothingOff)
-{
-    edit(usual());
-    editor->resize(300, 200);
-    QApplication::processEvents();
-    auto* pages = part<QTabWidget>("SSTab1");
-    for (int page = 0; page < 2; ++page) {
-        pages->setCurrentIndex(page);
-        QApplication::processEvents();
-        for (const QWidget* control : pages->widget(page)->findChildren<QWidget*>()) {
-            if (!control->inherits("QComboBox") && !control->inherits("QGroupBox"))
-                continue;
-            EXPECT_GE(control->width(), control->minimumSizeHint().width()) << control->objectName().toStdString();
-        }
-    }
 }
