@@ -15,11 +15,11 @@ namespace GblRules
 
 constexpr int asStored(int value) { return value; }
 
-/// Bytes above `Last` show as `Otherwise`.
-template <int Last, int Otherwise = 0>
+/// Bytes above `Last` show as 0.
+template <int Last>
 constexpr int upTo(int value)
 {
-    return value <= Last ? value : Otherwise;
+    return value <= Last ? value : 0;
 }
 
 constexpr int MostCents = 50;

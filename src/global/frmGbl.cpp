@@ -113,7 +113,8 @@ QLabel* frmGbl::makeCaption(QWidget* parent, std::string_view text, QWidget* con
 {
     while (nextCaption_ == GblFields::SliderLabel[0] || nextCaption_ == GblFields::SliderLabel[1])
         ++nextCaption_;
-    QLabel* label = GblLab1.put(nextCaption_++, new QLabel(fromPanel(text), parent));
+    auto* label = new QLabel(fromPanel(text), parent);
+    label->setObjectName(memberName("GblLab1", nextCaption_++));
     label->setBuddy(control);
     return label;
 }

@@ -6,7 +6,7 @@
 #include "toolkit/ChildWindow.h"
 #include "toolkit/ControlArray.h"
 
-#include <vector>
+#include <initializer_list>
 
 class ChoiceRows;
 class QCheckBox;
@@ -77,12 +77,14 @@ private:
     void fillScales();
     void fillHarmony();
     void fillChannels();
+    void showSlider(int index);
+    void showCombos(std::initializer_list<int> indexes);
     void showRange(int index);
     void showCombo(QComboBox* combo, GblField field) const;
 
     QTabWidget* SSTab1 = nullptr;
     ControlArray<QSlider, 2> GblHScroll1{"GblHScroll1"};
-    ControlArray<QLabel, 40> GblLab1{"GblLab1"};        ///< 1 and 13: the values of the sliders; others are captions
+    ControlArray<QLabel, 14> GblLab1{"GblLab1"}; ///< 1 and 13: the sliders' values; all other numbers are captions
     ControlArray<QComboBox, 20> GblCombo1{"GblCombo1"}; ///< without a member 4
     ControlArray<QCheckBox, 3> GblCheck1{"GblCheck1"};
     ControlArray<QRadioButton, 2> GblOption1{"GblOption1"};

@@ -16,6 +16,7 @@
 namespace
 {
 
+constexpr int TuneSlider = 0;
 constexpr int VelocitySlider = 1;
 
 template <typename List>
@@ -122,18 +123,29 @@ void frmGbl::GblAggFrm()
 
 void frmGbl::showCombo(QComboBox* combo, GblField field) const { showPosition(combo, gblShown(Tag, field)); }
 
+void frmGbl::showSlider(int index)
+{
+    GblHScroll1[index]->setValue(gblShown(Tag, fieldAt(GblFields::GblHScroll1, index)));
+    GblHScroll1_Scroll(index, GblHScroll1[index]->value());
+}
+
+void frmGbl::showCombos(std::initializer_list<int> indexes)
+{
+    for (const int index : indexes)
+        showCombo(GblCombo1[index], fieldAt(GblFields::GblCombo1, index));
+}
+
 void frmGbl::fillGeneral()
 {
-    for (int index = 0; index < GblHScroll1.count(); ++index) {
-        GblHScroll1[index]->setValue(gblShown(Tag, fieldAt(GblFields::GblHScroll1, index)));
-        GblHScroll1_Scroll(index, GblHScroll1[index]->value());
-    }
-    for (int index = 0; index < GblCombo1.count(); ++index)
-        if (GblCombo1[index])
-            showCombo(GblCombo1[index], fieldAt(GblFields::GblCombo1, index));
+    showSlider(TuneSlider);
+    showCombos({2, 3, 5}); // curves, chord recognition
     for (int index = 0; index < GblCheck1.count(); ++index)
         GblCheck1[index]->setChecked(gblShown(Tag, fieldAt(GblFields::GblCheck1, index)) != 0);
+    showSlider(VelocitySlider);
     GblOption1[gblShown(Tag, GblField::DamperPolarity) != 0 ? 0 : 1]->setChecked(true);
+    showCombos({16, 17, 18, 19});           // joystick, echo back
+    showCombos({10, 6, 7, 8, 9});           // pedal, scales
+    showCombos({11, 12, 13, 14, 15, 0, 1}); // controllers, octaves
 }
 
 void frmGbl::fillScales()

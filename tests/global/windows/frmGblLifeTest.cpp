@@ -6,9 +6,11 @@
 namespace
 {
 
-void expectNamed(const QWidget* control)
+void expectNamed(const QWidget* control, std::set<std::string>& names)
 {
-    EXPECT_FALSE(control->objectName().isEmpty()) << control->metaObject()->className();
+    const std::string name = control->objectName().toStdString();
+    EXPECT_FALSE(name.empty()) << control->metaObject()->className();
+    EXPECT_TRUE(names.insert(name).second) << name << " stands twice";
 }
 
 bool isControl(const QWidget* widget)
@@ -62,10 +64,11 @@ TEST_F(GblWindow, theInstrumentsWindowOpensWhereItStood)
 TEST_F(GblWindow, allControlsHaveNamesAndWords)
 {
     open();
+    std::set<std::string> names;
     for (const QWidget* widget : window->widget()->findChildren<QWidget*>()) {
         if (!isControl(widget) || widget->objectName().startsWith("qt_") || widget->inherits("QToolButton"))
             continue;
-        expectNamed(widget);
+        expectNamed(widget, names);
         if (!qobject_cast<const QComboBox*>(widget) && !qobject_cast<const QSlider*>(widget))
             continue;
         bool spoken = !widget->accessibleName().isEmpty();
