@@ -1,8 +1,10 @@
 // A click plays in a fresh event, and a load is announced in the status line before it begins to send.
 #include "programs/frmPrgUN.h"
 
+#include "core/PathNames.h"
 #include "core/Reports.h"
 #include "core/Shell.h"
+#include "files/SavePlan.h"
 #include "files/Saving.h"
 #include "programs/PrgWindowBuilder.h"
 #include "programs/ProgramLoad.h"
@@ -50,6 +52,7 @@ void frmPrgUN::buildControls()
 void frmPrgUN::wireHandlers()
 {
     List1->onClick([this] { List1_Click(); });
+    List1->onDelete([this] { deleteKey(extensionOf(programKind(Tag))); });
     List1->onDoubleClick([this] { List1_DblClick(); });
     TimerList1->onTick([this] { chooseRow(); });
     connect(CommLoad, &QPushButton::clicked, this, [this] {

@@ -3,6 +3,7 @@
 // The list and the figures beside it are one table: their rows have one pitch, and they scroll together.
 #include "styles/frmStyUN.h"
 
+#include "core/PathNames.h"
 #include "core/Strings.h"
 #include "core/Words.h"
 #include "styles/StyWindowBuilder.h"
@@ -262,6 +263,7 @@ void frmStyUN::buildTimers()
 void frmStyUN::wireHandlers()
 {
     List1->onClick([this] { List1_Click(); });
+    List1->onDelete([this] { deleteKey(extensionOf(FileKind::Sty)); });
     connect(CommLoadSty, &QPushButton::clicked, this, [this] { CommLoadSty_Click(); });
     CommLoadStyGrp.onEach(&QPushButton::clicked, this, [this](int group, bool) { CommLoadStyGrp_Click(group); });
     connect(CommClose, &QPushButton::clicked, this, [this] { unloadChild(); });

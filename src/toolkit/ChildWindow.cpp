@@ -3,6 +3,7 @@
 // resizes the window.
 #include "toolkit/ChildWindow.h"
 
+#include "core/Reports.h"
 #include "core/ScopedFlag.h"
 #include "core/Shell.h"
 #include "toolkit/ControlArray.h"
@@ -171,6 +172,15 @@ void ChildWindow::unloadWithoutAsking()
 {
     agreed_ = true;
     close();
+}
+
+void ChildWindow::deleteKey(const char* extension) const
+{
+    constexpr int ReadOnlyFile = 17; // report code
+    if (Tag.readOnly())
+        ReportError(ReadOnlyFile, Tag.stem() + extension, {});
+    else if (App.shell)
+        App.shell->cut();
 }
 
 void ChildWindow::setContent(QWidget* content)

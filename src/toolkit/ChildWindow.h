@@ -54,6 +54,9 @@ public:
     void unloadWithoutAsking();
 
 protected:
+    /// The Delete key on a list whose rows are cut: refused with an error in a read-only file, else the cut command
+    /// where it is allowed. `extension` of the file's name in the error's title, with its point.
+    void deleteKey(const char* extension) const;
     /// The content, put into a scroll area so that nothing is cut off at a small size. Its controls are made before:
     /// their own context menus are taken away for mnuModifica.
     void setContent(QWidget* content);

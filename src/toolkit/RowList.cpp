@@ -2,6 +2,9 @@
 // is on the wire before the list paints its new row.
 #include "toolkit/RowList.h"
 
+#include "core/Dichiarazioni.h"
+#include "core/Shell.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -111,4 +114,6 @@ void RowList::keyPressEvent(QKeyEvent* event)
     QListWidget::keyPressEvent(event);
     if (currentRow() != before || choosesRow(event->key()))
         tellClick();
+    else if (event->matches(QKeySequence::SelectAll) && App.shell)
+        App.shell->MenuSync(); // no click, but the edit menu follows the selection
 }
