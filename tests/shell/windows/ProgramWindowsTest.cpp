@@ -238,6 +238,24 @@ TEST_F(ProgramsInShell, anArrangementWindowShowsItsProgramsAndBringsThemForward)
     EXPECT_EQ(hex(port.messages()[0].substr(0, 13)), "F0 42 32 4D 4C 00 42 01 01 45 64 69 74");
 }
 
+TEST_F(ProgramsInShell, aNewProgramFileSavedUnderTheSongsNameIsTheSongs)
+{
+    songs.put("TvlPrg", songPrograms());
+    user.files.push_back({true, song("song"), 1, false});
+    songs.put("song.prg", songPrograms());
+    start();
+    choose("mnuApriArr");
+    ChildWindow* arrangements = active();
+    choose("mnuNuovoPrg");
+    user.saveFiles.push_back({true, songs.file("song.prg"), 3});
+    choose("mnuSalvaAs");
+    window->area()->setActiveSubWindow(arrangements);
+    press(arrangements, "CommShowPrg");
+    EXPECT_EQ(active()->windowKind(), WindowKind::PrgNew) << "no second window on one file";
+    EXPECT_EQ(titles().size(), 2U);
+    EXPECT_TRUE(user.warnings.empty());
+}
+
 TEST_F(ProgramsInShell, theHighlightedFieldOfTheEditorTakesAProgramFromAnyWindow)
 {
     user.files.push_back({true, song("song"), 1, false});
