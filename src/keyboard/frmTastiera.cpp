@@ -279,6 +279,11 @@ void frmTastiera::wireHandlers()
     connect(HScroll1, &QSlider::valueChanged, this, [this](int octaveShift) { HScroll1_Change(octaveShift); });
     onComboClick(Combo1, [](int channel) { mixerChannelChoose(channel); });
 
+    connect(this, &QMdiSubWindow::windowStateChanged, this, [this](Qt::WindowStates, Qt::WindowStates now) {
+        if (now.testFlag(Qt::WindowMinimized))
+            keepState(now);
+    });
+
     Frame1->mouseDown = [this](int key) { notes_.keyMouseDown(key); };
     Frame1->mouseUp = [this](int key) { notes_.keyMouseUp(key); };
     Frame1->mouseMove = [this](int key, int y) { notes_.keyMouseMove(key, y); };

@@ -55,6 +55,7 @@ private:
     void OctaveLabelsShow();
     void ModePanelShow();
     void keepWithinLimits();
+    void keepState(Qt::WindowStates state);
 
     void showKeyPlain(int key) override;
     void showKeyMark(int key) override;

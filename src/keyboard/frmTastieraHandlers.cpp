@@ -97,16 +97,29 @@ void frmTastiera::resizeEvent(QResizeEvent* event)
 
 void frmTastiera::keepWithinLimits()
 {
-    if (!isVisible() || isMaximized())
+    if (!isVisible() || isMaximized() || isMinimized())
         return;
     WindowPosition& place = App.WinPos[WindowKind::Keyboard];
-    place.Open = isMinimized() ? 1 : 0;
     const WindowPosition now = positionInTwips();
+    if (now.width == place.width && now.height == place.height)
+        return; // it is only being shown
+    keepState(windowState());
     const TwipsSize allowed{std::min(now.width, DefaultSize.width), std::min(now.height, DefaultSize.height)};
     place.width = allowed.width;
     place.height = allowed.height;
-    if (!isMinimized() && (allowed.width != now.width || allowed.height != now.height))
+    if (allowed.width != now.width || allowed.height != now.height)
         resizeInTwips(allowed.width, allowed.height);
+}
+
+/// Required: once the window has been resized or minimised, the row's mark holds its state, 1 for minimised and 0 for
+/// neither; as the window closes it is cleared.
+void frmTastiera::keepState(Qt::WindowStates state)
+{
+    WindowPosition& place = App.WinPos[WindowKind::Keyboard];
+    if (state.testFlag(Qt::WindowMinimized))
+        place.Open = 1;
+    else if (!state.testFlag(Qt::WindowMaximized))
+        place.Open = 0;
 }
 
 // The controls.
