@@ -220,11 +220,12 @@ bool putBack(const std::string& copy, const Target& target)
 
 /// Writes in place behind a safety copy. After a failure the old bytes are put back; where even that fails the copy
 /// stays.
-int replaceInPlace(const Target& target, const ByteBuffer& content)
+int replaceInPlace(const Target& target, const ByteBuffer& content, const std::function<void()>& beforeInPlace)
 {
     std::string copy;
     if (const int error = keepSafetyCopy(target, copy); error != 0)
         return error;
+    beforeInPlace();
     const int error = overwrite(target.path, [&](int descriptor) { return writeAll(descriptor, content); });
     if (error == 0 || putBack(copy, target))
         unlink(copy.c_str());
@@ -237,6 +238,11 @@ bool folderRefuses(int error) { return error == EACCES || error == EPERM || erro
 
 int replaceFile(const std::string& path, const ByteBuffer& content)
 {
+    return replaceFileTelling(path, content, [] {});
+}
+
+int replaceFileTelling(const std::string& path, const ByteBuffer& content, const std::function<void()>& beforeInPlace)
+{
     Target target;
     if (const int error = findTarget(path, target); error != 0)
         return error;
@@ -244,6 +250,6 @@ int replaceFile(const std::string& path, const ByteBuffer& content)
     if (error == 0)
         return fileErrorOf(flushFolder(target.path));
     if (target.exists && folderRefuses(error))
-        return replaceInPlace(target, content);
+        return replaceInPlace(target, content, beforeInPlace);
     return fileErrorOf(error);
 }

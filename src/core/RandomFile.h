@@ -8,6 +8,7 @@
 #include "core/FileErrors.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 /// A whole file read for one operation.
@@ -27,6 +28,11 @@ struct FileContent {
 /// name is resolved by resolveFileName and a symbolic link's target is replaced; permission bits stay. Where the folder
 /// lets nothing be created, a safety copy is kept in App.StateDir while an existing file is written in place.
 [[nodiscard]] int replaceFile(const std::string& path, const ByteBuffer& content);
+
+/// The same; `beforeInPlace` is called before the old file is overwritten where it stands, as every other name that
+/// leads to it would show the new bytes.
+[[nodiscard]] int replaceFileTelling(const std::string& path, const ByteBuffer& content,
+                                     const std::function<void()>& beforeInPlace);
 
 /// Deletes a file, under the name that resolveFileName finds; of a symbolic link the link. An absent file is no error.
 [[nodiscard]] int deleteFile(const std::string& path);

@@ -4,6 +4,7 @@
 // message boxes and the status panel, the tests' body answers from a script and keeps what was said.
 #pragma once
 
+#include <functional>
 #include <string>
 
 /// Answers of the question boxes, by the numbers that the calling rules use.
@@ -42,11 +43,14 @@ struct SaveDialogRequest {
     std::string defaultExtension; ///< without point: what a name typed without an extension gets
     int filterIndex = 1;          ///< 1-based, into `filters`
     std::string filters;          ///< "text|pattern|text|pattern|", UTF-8
+    /// The file that a chosen path stands for under a filter, 1-based: what overwriting is asked about. Empty for
+    /// none. Without this the path itself.
+    std::function<std::string(const std::string& path, int filterIndex)> nameOf = {};
 };
 
 struct SaveDialogAnswer {
     bool accepted = false;
-    std::string path;    ///< full path as it was confirmed; may be empty though accepted
+    std::string path;    ///< full path as it was confirmed, by nameOf; may be empty though accepted
     int filterIndex = 1; ///< the filter that the user ended on
 };
 

@@ -132,6 +132,10 @@ std::optional<SaveDialogRequest> saveDialogFor(const WindowBuffer& tag)
     request.defaultExtension = extension.substr(1);
     request.filterIndex = fileKind;
     request.filters = Filters;
+    request.nameOf = [tag](const std::string& typed, int filterIndex) {
+        const int kind = fileKindChosen(tag, filterIndex);
+        return kind == FileKind::None ? std::string() : nameToSave(typed, kind);
+    };
     return request;
 }
 
@@ -156,6 +160,12 @@ std::string nameToSave(const std::string& typed, int fileKind)
     if (isProgram(fileKind) && isProgram(FileKindOf(typed)))
         return withoutExtension(typed) + extensionOf(fileKind);
     return typed + extensionOf(fileKind);
+}
+
+bool mayBeNamed(const std::string& path)
+{
+    const std::string name = withoutExtension(path);
+    return pathFitsField(name) && !FileStemOf(name).empty();
 }
 
 ByteBuffer fileArea(const WindowBuffer& tag, int fileKind)

@@ -19,6 +19,10 @@ int fileKindChosen(const WindowBuffer& tag, int filterIndex);
 /// two kinds of program files the one takes the place of the other.
 std::string nameToSave(const std::string& typed, int fileKind);
 
+/// False for a file's name that its window could not come back to: one that its field cannot hold, or that is nothing
+/// but an extension.
+bool mayBeNamed(const std::string& path);
+
 /// The bytes of a window's arrangement, program or global file, at their full length; empty for style files.
 ByteBuffer fileArea(const WindowBuffer& tag, int fileKind);
 

@@ -157,7 +157,11 @@ int FileSave(WindowBuffer& tag)
     return end == SaveEnd::Failed ? SaveResult::NotSaved : SaveResult::Done;
 }
 
-int SaveWindow(WindowBuffer& tag) { return tag.untitled() ? FileSaveAs(tag) : FileSave(tag); }
+int SaveWindow(WindowBuffer& tag)
+{
+    // A new style window has no file that Save could write, whatever its mark says.
+    return tag.untitled() || tag.kind() == WindowKind::StyNew ? FileSaveAs(tag) : FileSave(tag);
+}
 
 int ArrClosingSave(WindowBuffer& tag)
 {

@@ -23,7 +23,7 @@ inline constexpr int NotSaved = 1; ///< cancelled or failed; what is to be told 
 /// instrument's global block, which stay what they are.
 [[nodiscard]] int FileSaveAs(WindowBuffer& tag);
 
-/// The Save command: FileSaveAs for a window without a file, else FileSave.
+/// The Save command: FileSaveAs for a window without a file and for every new style window, else FileSave.
 [[nodiscard]] int SaveWindow(WindowBuffer& tag);
 
 /// The save at the closing of a window on an arrangement file.

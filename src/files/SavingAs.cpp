@@ -172,8 +172,7 @@ int FileSaveAs(WindowBuffer& tag)
     if (fileKind == FileKind::None)
         return SaveResult::NotSaved;
     const std::string path = nameToSave(answer.path, fileKind);
-    // A name that its field cannot hold would come back as another file's.
-    if (!pathFitsField(withoutExtension(path))) {
+    if (!mayBeNamed(path)) {
         ReportError(PathNotFound, ApplicationTitle, {});
         return SaveResult::NotSaved;
     }

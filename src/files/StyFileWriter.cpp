@@ -48,7 +48,10 @@ void zeroLengths(WindowBuffer& tag, int usedGroups)
 /// The file's bytes: as many as the table says, rounded up to whole units. What the buffer lacks is zeros.
 ByteBuffer fileBytes(const WindowBuffer& tag)
 {
-    const int total = StyFileLen(tag.bytes());
+    // A slot of length 0 makes those behind it absent. Where the image holds them all the same they stay in the file:
+    // no style is lost by a save.
+    const int held = std::min(promisedLength(tag), lengthOf(tag.styleArea()));
+    const int total = std::max(StyFileLen(tag.bytes()), held);
     ByteBuffer bytes(tag.styleArea().substr(0, static_cast<std::size_t>(total)));
     // Required: the instrument's files are whole units; a file of 1001 bytes becomes one of 1004.
     const int wholeUnits = (total + UnitSize - 1) / UnitSize * UnitSize;

@@ -24,7 +24,9 @@ public:
         : QFileDialog(parent, QString::fromUtf8(request.title.c_str())),
           user_(user),
           title_(request.title),
-          filters_(::nameFilters(QString::fromUtf8(request.filters.c_str())))
+          nameOf_(request.nameOf),
+          filters_(::nameFilters(QString::fromUtf8(request.filters.c_str()))),
+          firstFilter_(request.filterIndex)
     {
         setObjectName(QStringLiteral("SaveDialog"));
         // The dialog's own question is not in the words of the program.
@@ -45,14 +47,22 @@ public:
         applyDialogWords(*this, SaveRow);
     }
 
-    /// The full path chosen; empty without one.
+    /// The full path typed or chosen; empty without one.
     QString chosenPath() const { return selectedFiles().value(0); }
 
-    /// 1-based; -1 when none is shown.
+    /// The file that the path stands for under the filter; empty for none.
+    QString chosenFile() const
+    {
+        if (!nameOf_)
+            return chosenPath();
+        return QFile::decodeName(nameOf_(QFile::encodeName(chosenPath()).toStdString(), chosenFilter()).c_str());
+    }
+
+    /// 1-based; the one it began with when none is shown.
     int chosenFilter() const
     {
         const int index = shownFilter(filters_, selectedNameFilter());
-        return index < 0 ? index : index + 1;
+        return index < 0 ? firstFilter_ : index + 1;
     }
 
 protected:
@@ -61,26 +71,29 @@ protected:
         // The list of completions would take the clicks that are meant for the question.
         if (QWidget* completions = QApplication::activePopupWidget())
             completions->hide();
-        if (mayTake(chosenPath()))
+        if (mayTake())
             QFileDialog::accept();
     }
 
 private:
-    bool mayTake(const QString& path)
+    bool mayTake()
     {
-        const QFileInfo file(path);
-        if (path.isEmpty() || file.isDir())
+        const QFileInfo path(chosenPath());
+        if (path.filePath().isEmpty() || path.isDir())
             return true; // a folder is entered, not taken
-        if (!file.dir().exists()) {
+        if (!path.dir().exists()) {
             user_.warn(title_, ResText(PathNotFoundRow));
             return false;
         }
-        return !file.exists() || user_.confirmOverwrite(QFile::encodeName(path).toStdString());
+        const QString file = chosenFile();
+        return !QFileInfo::exists(file) || user_.confirmOverwrite(QFile::encodeName(file).toStdString());
     }
 
     UserInterface& user_;
     std::string title_;
+    std::function<std::string(const std::string&, int)> nameOf_;
     QStringList filters_;
+    int firstFilter_;
 };
 
 } // namespace
@@ -90,9 +103,10 @@ SaveDialogAnswer runSaveDialog(const SaveDialogRequest& request, QWidget* parent
     SaveDialog dialog(request, parent, user);
     SaveDialogAnswer answer;
     answer.accepted = dialog.exec() == QDialog::Accepted;
-    const int chosen = dialog.chosenFilter();
-    answer.filterIndex = chosen < 0 ? request.filterIndex : chosen;
-    if (answer.accepted)
-        answer.path = QFile::encodeName(dialog.chosenPath()).toStdString();
+    answer.filterIndex = dialog.chosenFilter();
+    if (answer.accepted) {
+        const QString file = dialog.chosenFile();
+        answer.path = QFile::encodeName(file.isEmpty() ? dialog.chosenPath() : file).toStdString();
+    }
     return answer;
 }

@@ -1,7 +1,7 @@
 // Safety copies: what is kept, where, how many, and that keeping never changes a save.
 #include "files/SafetyCopies.h"
 #include "files/SavingFixture.h"
-#include "support/OtherUser.h"
+#include "support/FailingCalls.h"
 
 #include <sys/stat.h>
 
@@ -121,6 +121,48 @@ TEST_F(SafetyCopiesTest, aFileWrittenInPlaceIsCopiedByItsBytes)
               }),
               0);
     chmod(folder.path().c_str(), 0755);
+}
+
+TEST_F(SafetyCopiesTest, whateverOneCallOfASaveMeetsACopyHoldsOldBytesAlone)
+{
+    // Among the refused calls is the rename: the file is then written where it stands, and a copy that was the file
+    // itself would show the new bytes.
+    openToAll(folder.path());
+    int inPlace = 0, calls = 0, toldThoughNew = 0;
+    bool reached = true;
+    for (Failure failure{1, EPERM}; reached; ++failure.call) {
+        folder.put("song.arr", "first");
+        chmod(folder.file("song.arr").c_str(), 0666);
+        const bool ofNobody = geteuid() != 0 || chown(folder.file("song.arr").c_str(), 65534, 65534) == 0;
+        ASSERT_TRUE(ofNobody) << "a link is made of files of one's own";
+        const ino_t before = inodeOf(folder.file("song.arr"));
+        const TemporaryFolder here;
+        openToAll(here.path());
+        App.StateDir = here.path();
+        const FailedRun run =
+            runWithFailure(failure, [&] { return replaceKeeping(folder.file("song.arr"), "second") == 0 ? 0 : 1; });
+        ASSERT_TRUE(run.possible);
+        reached = run.reached;
+        calls += reached;
+        const std::string now = folder.get("song.arr");
+        // One call comes behind the rename: the flush of the folder, whose failure is told though the new file stands.
+        toldThoughNew += run.result != 0 && now == "second";
+        EXPECT_TRUE(now == "second" || (run.result != 0 && now == "first")) << failure.call;
+        std::size_t kept = 0;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(here.path()))
+            if (entry.is_regular_file()) {
+                EXPECT_EQ(readAll(entry.path()), "first") << failure.call << " " << entry.path();
+                ++kept;
+            }
+        if (run.result == 0 && inodeOf(folder.file("song.arr")) == before) {
+            ++inPlace;
+            EXPECT_EQ(kept, 1u) << failure.call;
+        }
+        std::filesystem::remove(folder.file("song.arr"));
+    }
+    EXPECT_GE(inPlace, 1);
+    EXPECT_EQ(toldThoughNew, 1);
+    EXPECT_GT(calls, 15);
 }
 
 TEST_F(SafetyCopiesTest, whatIsDeletedIsKept)
@@ -243,6 +285,25 @@ TEST_F(SafetyCopiesTest, aClockThatWasSetBackDoesNotMakeANewCopyTheOldest)
     ASSERT_EQ(copies.size(), 20u);
     EXPECT_EQ(copies.front(), "old 2");
     EXPECT_EQ(copies.back(), "today's");
+}
+
+TEST_F(SafetyCopiesTest, behindTheThousandthCopyOfOneTimeNoneIsOverwritten)
+{
+    std::filesystem::create_directories(placeOf("song.arr"));
+    std::ofstream(placeOf("song.arr") + "/2999-12-31 23.59.59-998.arr") << "998";
+    folder.put("song.arr", "999");
+    for (int save = 1000; save <= 1003; ++save)
+        ASSERT_EQ(replaceKeeping(folder.file("song.arr"), std::to_string(save)), 0);
+    EXPECT_EQ(copyNames("song.arr"),
+              (Names{"2999-12-31 23.59.59-1000.arr", "2999-12-31 23.59.59-1001.arr", "2999-12-31 23.59.59-1002.arr",
+                     "2999-12-31 23.59.59-998.arr", "2999-12-31 23.59.59-999.arr"}));
+    EXPECT_EQ(folder.get("song.arr"), "1003");
+    EXPECT_EQ(readAll(placeOf("song.arr") + "/2999-12-31 23.59.59-999.arr"), "999");
+    EXPECT_EQ(readAll(placeOf("song.arr") + "/2999-12-31 23.59.59-1002.arr"), "1002");
+    for (int save = 1004; save <= 1030; ++save)
+        ASSERT_EQ(replaceKeeping(folder.file("song.arr"), std::to_string(save)), 0);
+    EXPECT_EQ(copyNames("song.arr").size(), 20u);
+    EXPECT_EQ(copyNames("song.arr").front(), "2999-12-31 23.59.59-1010.arr") << "the oldest go by their numbers";
 }
 
 TEST_F(SafetyCopiesTest, twoHundredMegabytesTogetherTheOldestGoFirst)

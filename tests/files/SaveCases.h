@@ -17,6 +17,7 @@ struct SaveCase {
     const char* name;
     std::vector<SavedFile> files;
     std::function<int(const std::string& folder, ScriptedUser& user)> save;
+    const char* secondName = nullptr; ///< of the first file
 };
 
 inline std::vector<SaveCase> saveCases()
@@ -90,6 +91,46 @@ inline std::vector<SaveCase> saveCases()
              choose(user, folder + "/other.prg", 3);
              return FileSaveAs(tag);
          }},
+        {"save-as-prg",
+         {{"other.prg", old, prg}, {"other.pgg", old, {}}},
+         [=](const std::string& folder, ScriptedUser& user) {
+             WindowBuffer tag = programs(21, folder + "/song", 0);
+             choose(user, folder + "/other.prg", 3);
+             return FileSaveAs(tag);
+         }},
+        {"save-as-sty",
+         {{"other.sty", old, sty}},
+         [=](const std::string& folder, ScriptedUser& user) {
+             WindowBuffer tag = styles(24, " (Untitled 1)", sty);
+             choose(user, folder + "/other", 2);
+             return FileSaveAs(tag);
+         }},
+        {"save-new-arr-with-styles",
+         {{"song.arr", {}, arr}, {"song.sty", old, sty}},
+         [=](const std::string& folder, ScriptedUser&) {
+             WindowBuffer tag = withStyles(20, folder + "/song");
+             return FileSave(tag);
+         }},
+        {"save-named-new-prg",
+         {{"song.prg", old, prg}, {"song.pgg", old, {}}},
+         [=](const std::string& folder, ScriptedUser&) {
+             WindowBuffer tag = programs(22, folder + "/song", 0);
+             return FileSave(tag);
+         }},
+        {"closing-save-without-styles",
+         {{"song.arr", old, arr}, {"song.sty", old, {}}},
+         [=](const std::string& folder, ScriptedUser&) {
+             WindowBuffer tag = arrangements(19, folder + "/song", 1, "");
+             return ArrClosingSave(tag);
+         }},
+        // A second name of the user's lets the copy be one of bytes; both names were made before the save began.
+        {"save-a-file-of-two-names",
+         {{"song.gbl", old, gbl}, {"second name", old, old}},
+         [=](const std::string& folder, ScriptedUser&) {
+             WindowBuffer tag = globals(25, folder + "/song");
+             return FileSave(tag);
+         },
+         "second name"},
         {"save-as-gbl",
          {{"other.gbl", {}, gbl}},
          [=](const std::string& folder, ScriptedUser& user) {

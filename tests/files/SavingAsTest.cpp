@@ -122,15 +122,34 @@ constexpr Cell Matrix[] = {
     {"arr with styles", 6, "x.arr x.sty"},
     {"arr with empty styles", 1, "x.arr"},
     {"arr with empty styles", 2, "x.sty"},
+    {"arr with empty styles", 3, ""},
+    {"arr with empty styles", 4, ""},
+    {"arr with empty styles", 5, ""},
     {"arr with empty styles", 6, "x.arr"},
     {"arr without styles", 1, "x.arr"},
     {"arr without styles", 2, ""},
+    {"arr without styles", 3, ""},
+    {"arr without styles", 4, ""},
+    {"arr without styles", 5, ""},
     {"arr without styles", 6, "x.arr"},
     {"new arr with styles", 1, "x.arr x.sty"},
     {"new arr with styles", 2, "x.sty"},
     {"new arr with styles", 3, ""},
+    {"new arr with styles", 4, ""},
     {"new arr with styles", 5, ""},
     {"new arr with styles", 6, "x.arr x.sty"},
+    {"new arr with empty styles", 1, "x.arr"},
+    {"new arr with empty styles", 2, "x.sty"},
+    {"new arr with empty styles", 3, ""},
+    {"new arr with empty styles", 4, ""},
+    {"new arr with empty styles", 5, ""},
+    {"new arr with empty styles", 6, "x.arr"},
+    {"new arr without styles", 1, "x.arr"},
+    {"new arr without styles", 2, ""},
+    {"new arr without styles", 3, ""},
+    {"new arr without styles", 4, ""},
+    {"new arr without styles", 5, ""},
+    {"new arr without styles", 6, "x.arr"},
     {"prg", 1, ""},
     {"prg", 2, ""},
     {"prg", 3, "x.prg"},
@@ -138,10 +157,19 @@ constexpr Cell Matrix[] = {
     {"prg", 5, ""},
     {"prg", 6, "x.prg"},
     {"pgg", 1, ""},
+    {"pgg", 2, ""},
     {"pgg", 3, "x.pgg"},
     {"pgg", 4, "x.pgg"},
+    {"pgg", 5, ""},
     {"pgg", 6, "x.pgg"},
+    {"new pgg", 1, ""},
+    {"new pgg", 2, ""},
+    {"new pgg", 3, "x.pgg"},
+    {"new pgg", 4, "x.pgg"},
+    {"new pgg", 5, ""},
+    {"new pgg", 6, "x.pgg"},
     {"new prg", 1, ""},
+    {"new prg", 2, ""},
     {"new prg", 3, "x.prg"},
     {"new prg", 4, "x.prg"},
     {"new prg", 5, ""},
@@ -154,6 +182,8 @@ constexpr Cell Matrix[] = {
     {"sty", 6, "x.sty"},
     {"new sty", 1, ""},
     {"new sty", 2, "x.sty"},
+    {"new sty", 3, ""},
+    {"new sty", 4, ""},
     {"new sty", 5, ""},
     {"new sty", 6, "x.sty"},
     {"gbl", 1, ""},
@@ -163,6 +193,9 @@ constexpr Cell Matrix[] = {
     {"gbl", 5, "x.gbl"},
     {"gbl", 6, "x.gbl"},
     {"instrument's gbl", 1, ""},
+    {"instrument's gbl", 2, ""},
+    {"instrument's gbl", 3, ""},
+    {"instrument's gbl", 4, ""},
     {"instrument's gbl", 5, "x.gbl"},
     {"instrument's gbl", 6, "x.gbl"},
     {"prg", 0, ""},
@@ -183,10 +216,14 @@ WindowBuffer windowNamed(const std::string& name)
         return arrangements(19, path, 0, "");
     if (name == "new arr with styles")
         return arrangements(20, path, 2, NewSty);
+    if (name == "new arr with empty styles")
+        return arrangements(20, path, 1, NewSty);
+    if (name == "new arr without styles")
+        return arrangements(20, path, 0, "");
     if (name == "prg" || name == "pgg")
         return programs(21, path, name == "prg" ? 0 : 1);
-    if (name == "new prg")
-        return programs(22, path, 0);
+    if (name == "new prg" || name == "new pgg")
+        return programs(22, path, name == "new prg" ? 0 : 1);
     if (name == "sty" || name == "new sty")
         return styles(name == "sty" ? 23 : 24, path, NewSty);
     return globals(name == "gbl" ? 25 : 14, path);

@@ -1,152 +1,10 @@
 // Saving on a disk that refuses: which words are said, what is tried again, and that files, marks and folders stay as
 // they were.
-#include "files/SavingFixture.h"
-#include "support/OtherUser.h"
+#include "files/SavingWays.h"
 
 #include <cerrno>
 #include <csignal>
 #include <sys/resource.h>
-#include <sys/syscall.h>
-
-using namespace SavingWindows;
-
-namespace
-{
-
-/// The disk of this test program: the next `times` flushes, or removals of a name that ends in `name`, answer `error`.
-struct RefusingDisk {
-    int flushError = 0;
-    int flushes = 0;    ///< how many flushes still fail
-    int goodBefore = 0; ///< flushes that succeed before
-    std::string name;
-    int removeError = 0;
-    int removals = 0;
-};
-RefusingDisk disk;
-
-void failFlushes(int error, int times, int goodBefore = 0)
-{
-    disk.flushError = error;
-    disk.flushes = times;
-    disk.goodBefore = goodBefore;
-}
-
-} // namespace
-
-// The linker takes these before the C library's, for this test program alone.
-extern "C" int fsync(int descriptor)
-{
-    if (disk.flushes > 0 && disk.goodBefore-- <= 0) {
-        --disk.flushes;
-        errno = disk.flushError;
-        return -1;
-    }
-    return static_cast<int>(syscall(SYS_fsync, descriptor));
-}
-
-extern "C" int unlink(const char* path) noexcept
-{
-    if (disk.removals > 0 && std::string(path).ends_with(disk.name)) {
-        --disk.removals;
-        errno = disk.removeError;
-        return -1;
-    }
-    return static_cast<int>(syscall(SYS_unlinkat, AT_FDCWD, path, 0));
-}
-
-namespace
-{
-
-using Names = std::vector<std::string>;
-
-constexpr const char* Title = "Tarvolyne - Tarvolyne Console ";
-constexpr int Always = 1000;
-const std::string OldSty = styleFile({{"Old Style", 300}});
-const std::string NewSty = styleFile({{"One", 300}, {"Two", 500}, {"Three", 400}, {"Four", 324}});
-
-/// One way to save, with what stands on disk before and after.
-struct Way {
-    const char* name;
-    int filter; ///< of Save As; 0 for Save
-    WindowBuffer tag;
-    std::string file;
-    std::string content;
-};
-
-} // namespace
-
-class SavingErrors : public SavingTest
-{
-protected:
-    ~SavingErrors() override { disk = {}; }
-
-    /// Save of each kind to "song", which exists with old bytes.
-    std::vector<Way> saves()
-    {
-        return {{"arr", 0, arrangements(19, song(), 0, ""), "song.arr", handMade(arrHead(), 10528)},
-                {"new arr", 0, arrangements(20, song(), 1, ""), "song.arr", handMade(arrHead(), 10528)},
-                {"prg", 0, programs(21, song(), 0), "song.prg", handMade(prgHead(), 30480)},
-                {"pgg", 0, programs(21, song(), 1), "song.pgg", handMade(pggHead(), 30480)},
-                {"sty", 0, styles(23, song(), NewSty), "song.sty", NewSty},
-                {"gbl", 0, globals(25, song()), "song.gbl", handMade(gblHead(), 448)}};
-    }
-    /// Save As of each kind to "song". A style file is written by the routine that Save uses, and reports as it does.
-    std::vector<Way> saveAses()
-    {
-        return {{"bank", 1, bank(2), "song.arr", handMade(arrHead(), 10528)},
-                {"arr as", 1, arrangements(19, "/music/x", 1, ""), "song.arr", handMade(arrHead(), 10528)},
-                {"prg as", 3, programs(21, "/music/x", 0), "song.prg", handMade(prgHead(), 30480)},
-                {"gbl as", 5, globals(25, "/music/x"), "song.gbl", handMade(gblHead(), 448)}};
-    }
-    std::vector<Way> allWays()
-    {
-        std::vector<Way> ways = saves();
-        for (Way& way : saveAses())
-            ways.push_back(way);
-        ways.push_back({"sty as", 2, styles(23, "/music/x", NewSty), "song.sty", NewSty});
-        return ways;
-    }
-
-    int run(Way& way)
-    {
-        if (way.filter != 0)
-            choose(folder.file(way.file), way.filter);
-        return way.filter == 0 ? FileSave(way.tag) : FileSaveAs(way.tag);
-    }
-
-    /// Runs a save that must fail: the words, once for each try, nothing changed.
-    void expectFails(Way way, const std::string& words, std::size_t tries = 1)
-    {
-        SCOPED_TRACE(way.name);
-        const ByteBuffer before = way.tag.bytes();
-        user.warnings.clear();
-        EXPECT_EQ(run(way), 1);
-        EXPECT_EQ(user.warnings, std::vector<ScriptedUser::Said>(tries, {Title, words}));
-        EXPECT_EQ(way.tag.bytes(), before) << "the window stays modified";
-    }
-
-    /// The same in a process of an ordinary user. 0 when all held.
-    int failsWith(Way way, const std::string& words)
-    {
-        const ByteBuffer before = way.tag.bytes();
-        user.warnings.clear();
-        if (run(way) != 1)
-            return 1;
-        if (user.warnings != std::vector<ScriptedUser::Said>{{Title, words}})
-            return 2;
-        return way.tag.bytes() == before ? 0 : 3;
-    }
-
-    void putOld(const Way& way) { folder.put(way.file, "old"); }
-    std::size_t copyCount() const
-    {
-        std::size_t count = 0;
-        std::error_code none;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(state.path(), none))
-            count += entry.is_regular_file() ? 1 : 0;
-        return count;
-    }
-};
 
 // The tables of errors.
 
@@ -162,7 +20,7 @@ TEST_F(SavingErrors, saveReportsByTheTableOfReading)
     for (Way& way : saves()) {
         putOld(way);
         for (const auto& row : rows) {
-            failFlushes(row.error, 1);
+            failFlushes(row.error, Always);
             expectFails(way, row.words);
             EXPECT_TRUE(holds(folder, way.file, "old"));
         }
@@ -238,6 +96,61 @@ TEST_F(SavingErrors, aDiskThatIsNotReadyIsTriedAgainEverywhere)
         EXPECT_TRUE(holds(folder, way.file, way.content));
         std::filesystem::remove(folder.file(way.file));
     }
+}
+
+TEST_F(SavingErrors, aDiskThatIsNotReadyIsTriedAgainAtTheClosingAndWithoutTouchingWhatIsDone)
+{
+    // Flushed are the arrangement file and its folder, then the style file: the first and the second statement.
+    for (const int goodBefore : {0, 2}) {
+        folder.put("song.arr", "old");
+        folder.put("song.sty", OldSty);
+        WindowBuffer tag = arrangements(19, song(), 2, NewSty);
+        tag.set(9, 1);
+        user.warnings.clear();
+        failFlushes(ENOMEDIUM, 2, goodBefore);
+        EXPECT_EQ(ArrClosingSave(tag), 0);
+        EXPECT_EQ(user.warnings, std::vector<ScriptedUser::Said>(2, {Title, "Disk not ready or not formatted"}));
+        EXPECT_TRUE(holds(folder, "song.arr", handMade(arrHead(), 10528)));
+        EXPECT_TRUE(holds(folder, "song.sty", NewSty));
+        EXPECT_EQ(tag.at(3) + tag.at(9), 0);
+    }
+}
+
+TEST_F(SavingErrors, aStyleFileOnADiskThatIsNotReadyIsDroppedAtTheNextTry)
+{
+    for (const int kind : {19, 20}) {
+        folder.put("song.sty", OldSty);
+        WindowBuffer tag = arrangements(kind, song(), 1, Files.StyEmptyBuffer);
+        user.warnings.clear();
+        disk = {};
+        disk.name = "song.sty";
+        disk.removeError = ENOMEDIUM;
+        disk.removals = 2;
+        EXPECT_EQ(kind == 19 ? ArrClosingSave(tag) : FileSave(tag), 0);
+        EXPECT_EQ(user.warnings, std::vector<ScriptedUser::Said>(2, {Title, "Disk not ready or not formatted"}));
+        EXPECT_EQ(files(), Names{"song.arr"});
+        EXPECT_TRUE(holds(folder, "song.arr", handMade(arrHead(), 10528)));
+
+        folder.put("song.sty", OldSty);
+        disk.removals = Always;
+        user.boxEnds = {BoxEnd::Ok, BoxEnd::Dismissed};
+        const ByteBuffer before = tag.bytes();
+        EXPECT_EQ(kind == 19 ? ArrClosingSave(tag) : FileSave(tag), 1) << "given up";
+        EXPECT_TRUE(holds(folder, "song.sty", OldSty));
+        EXPECT_EQ(tag.bytes(), before);
+    }
+}
+
+TEST_F(SavingErrors, aTwinOnADiskThatIsNotReadyIsRemovedAtTheNextTryOfASave)
+{
+    folder.put("song.pgg", "the other kind");
+    disk.name = "song.pgg";
+    disk.removeError = ENOMEDIUM;
+    disk.removals = 2;
+    Way way = saves()[2];
+    EXPECT_EQ(run(way), 0);
+    EXPECT_EQ(user.warnings, std::vector<ScriptedUser::Said>(2, {Title, "Disk not ready or not formatted"}));
+    EXPECT_EQ(files(), Names{"song.prg"});
 }
 
 TEST_F(SavingErrors, whoLeavesTheBoxGivesUpAndTheWindowStaysModified)
@@ -428,6 +341,8 @@ TEST_F(SavingErrors, aMissingFolderIsReportedAndNotMade)
         way.file = "nowhere/" + way.file;
         expectFails(way, "Disk writing error");
     }
+    for (const int kind : {23, 24})
+        expectFails({"sty as", 2, styles(kind, "/music/x", NewSty), "nowhere/song.sty", NewSty}, "Path not found");
     EXPECT_EQ(folder.fileCount(), 0u);
 }
 
@@ -439,41 +354,86 @@ TEST_F(SavingErrors, aFolderInTheFilesPlaceIsReportedAndStays)
         EXPECT_TRUE(std::filesystem::is_directory(folder.file(way.file)));
         std::filesystem::remove(folder.file(way.file));
     }
+    std::vector<Way> others = saveAses();
+    for (const int kind : {23, 24})
+        others.push_back({"sty as", 2, styles(kind, "/music/x", NewSty), "song.sty", NewSty});
+    for (Way& way : others) {
+        std::filesystem::create_directory(folder.file(way.file));
+        expectFails(way, way.filter == 2 ? "Read only file" : "Disk writing error");
+        EXPECT_TRUE(std::filesystem::is_directory(folder.file(way.file)));
+        std::filesystem::remove(folder.file(way.file));
+    }
 }
 
-// A disk that is really full.
+// A closing that the user breaks off on the way.
 
-TEST_F(SavingErrors, onAFullDiskTheOldFileStaysWhole)
+TEST_F(SavingErrors, aClosingWhoseOverwritingIsRefusedKeepsTheWindowModified)
 {
-    openToAll(folder.path());
-    openToAll(state.path());
-    for (Way& way : allWays()) {
-        SCOPED_TRACE(way.name);
-        const bool table = way.filter != 0 && way.filter != 2;
-        const std::string words = table ? "Disk full" : "Disk reading error";
-        // Free pages of 4096 bytes beside the old file: from none to enough.
-        for (int freePages = 0; freePages <= 9; ++freePages) {
-            const int result = asOrdinaryUser([&] {
-                if (!mountSmallDisk(folder.path(), "size=64k"))
-                    return 90;
-                folder.put(way.file, std::string(4096, 'o'));
-                folder.put("filler", std::string(static_cast<std::size_t>(15 - freePages) * 4096, 'f'));
-                user.boxEnds = {BoxEnd::Dismissed};
-                const ByteBuffer before = way.tag.bytes();
-                const int saved = run(way);
-                const std::string now = folder.get(way.file);
-                if (files() != (way.file < "filler" ? Names{way.file, "filler"} : Names{"filler", way.file}))
-                    return 4;
-                if (saved == 0)
-                    return now == way.content && user.warnings.empty() ? 0 : 5;
-                if (user.warnings != std::vector<ScriptedUser::Said>{{Title, words}} || way.tag.bytes() != before)
-                    return 6;
-                return now == std::string(4096, 'o') ? 1 : 7;
-            });
-            const bool fits = static_cast<std::size_t>(freePages) * 4096 >= way.content.size();
-            EXPECT_EQ(result, fits ? 0 : 1) << freePages << " pages free";
-        }
+    struct Row {
+        WindowBuffer tag;
+        int filter, modifiedOffset;
+        std::string file; ///< stands there in another letter case than the dialog was told
+    };
+    std::vector<Row> rows = {{bank(2), 1, 3, "song.arr"},
+                             {bank(3), 1, 3, "song.arr"},
+                             {arrangements(20, " (Untitled 1)", 2, NewSty), 1, 3, "song.arr"},
+                             {programs(22, " (Untitled 1)", 1), 4, 6, "song.pgg"},
+                             {styles(24, " (Untitled 1)", NewSty), 2, 9, "song.sty"}};
+    for (Row& row : rows) {
+        SCOPED_TRACE(row.tag.kind());
+        if (row.tag.kind() >= 20)
+            row.tag.set(17, 1);
+        folder.put(row.file, "old");
+        const ByteBuffer before = row.tag.bytes();
+        user.answers = {Answer::Yes};
+        user.overwrites = {false};
+        user.overwriteQuestions.clear();
+        choose(song(), row.filter);
+        EXPECT_FALSE(AgreeToClose(row.tag, "title"));
+        EXPECT_EQ(user.overwriteQuestions, Names{folder.file(row.file)});
+        EXPECT_EQ(row.tag.bytes(), before);
+        EXPECT_EQ(row.tag.at(row.modifiedOffset), 1);
+        EXPECT_TRUE(holds(folder, row.file, "old"));
+        std::filesystem::remove(folder.file(row.file));
     }
+}
+
+TEST_F(SavingErrors, aClosingThatIsGivenUpAtADiskErrorKeepsTheWindowModified)
+{
+    struct Row {
+        WindowBuffer tag;
+        int filter; ///< of Save As; 0 where Save knows the name
+        int error;
+        const char* words;
+        std::string file;
+    };
+    WindowBuffer untitled = arrangements(20, " (Untitled 1)", 2, NewSty);
+    untitled.set(17, 1);
+    std::vector<Row> rows = {
+        {bank(2), 1, ENOSPC, "Disk full", "song.arr"},
+        {untitled, 1, ENOSPC, "Disk full", "song.arr"},
+        {arrangements(19, song(), 2, NewSty), 0, ENOMEDIUM, "Disk not ready or not formatted", "song.arr"},
+        {programs(21, song(), 0), 0, ENOMEDIUM, "Disk not ready or not formatted", "song.prg"},
+        {styles(23, song(), NewSty), 0, ENOMEDIUM, "Disk not ready or not formatted", "song.sty"},
+        {globals(25, song()), 0, ENOMEDIUM, "Disk not ready or not formatted", "song.gbl"}};
+    for (Row& row : rows) {
+        SCOPED_TRACE(row.tag.kind());
+        folder.put(row.file, "old");
+        const ByteBuffer before = row.tag.bytes();
+        user.answers = {Answer::Yes};
+        user.boxEnds = {BoxEnd::Ok, BoxEnd::Dismissed};
+        user.warnings.clear();
+        if (row.filter != 0)
+            choose(folder.file(row.file), row.filter);
+        failFlushes(row.error, Always);
+        EXPECT_FALSE(AgreeToClose(row.tag, "title"));
+        EXPECT_EQ(user.warnings, std::vector<ScriptedUser::Said>(2, {Title, row.words}));
+        EXPECT_EQ(row.tag.bytes(), before);
+        EXPECT_TRUE(holds(folder, row.file, "old"));
+        disk = {};
+        std::filesystem::remove(folder.file(row.file));
+    }
+    EXPECT_EQ(folder.fileCount(), 0u);
 }
 
 TEST_F(SavingErrors, aFileCutShortByTheSystemNeverTakesTheOldOnesPlace)

@@ -260,11 +260,25 @@ TEST_F(SaveAs, aNameThatItsFieldCannotHoldIsRefusedBeforeAnythingIsWritten)
         int filter;
         WindowBuffer tag;
     } rows[] = {{1, bank(2)},
+                {1, bank(3)},
                 {1, arrangements(19, "/music/song", 2, NewSty)},
+                {2, arrangements(19, "/music/song", 2, NewSty)},
                 {1, arrangements(20, "/music/song", 2, NewSty)},
                 {2, styles(23, "/music/song", NewSty)},
+                {2, styles(24, " (Untitled 1)", NewSty)},
                 {3, programs(21, "/music/song", 0)},
-                {5, globals(25, "/music/song")}};
+                {4, programs(22, " (Untitled 1)", 1)},
+                {5, globals(25, "/music/song")},
+                {5, globals(14, "Global Parameters")},
+                {6, bank(2)},
+                {6, arrangements(19, "/music/song", 2, NewSty)},
+                {6, arrangements(20, "/music/song", 2, NewSty)},
+                {6, styles(23, "/music/song", NewSty)},
+                {6, styles(24, " (Untitled 1)", NewSty)},
+                {6, programs(21, "/music/song", 0)},
+                {6, programs(22, " (Untitled 1)", 1)},
+                {6, globals(14, "Global Parameters")},
+                {6, globals(25, "/music/song")}};
     const std::string longest = folder.file(std::string(238 - folder.path().size() - 1, 'n'));
     ASSERT_EQ(longest.size(), 238u);
     for (const auto& row : rows) {
@@ -282,10 +296,60 @@ TEST_F(SaveAs, aNameThatItsFieldCannotHoldIsRefusedBeforeAnythingIsWritten)
         choose(longest, row.filter);
         EXPECT_EQ(FileSaveAs(tag), 0);
         EXPECT_GE(folder.fileCount(), 1u);
-        EXPECT_EQ(tag.path(), tag.kind() == 2 ? "Arr A" : longest);
+        const bool keepsItsTitle = tag.kind() == 2 || tag.kind() == 3 || tag.kind() == 14;
+        EXPECT_EQ(tag.path(), keepsItsTitle ? row.tag.path() : longest);
         for (const std::string& name : files())
             std::filesystem::remove(folder.file(name));
     }
+}
+
+TEST_F(SaveAs, aNameThatIsNothingButAnExtensionIsRefusedBeforeAnythingIsWritten)
+{
+    const struct {
+        const char* typed;
+        int filter;
+        WindowBuffer tag;
+    } rows[] = {{".arr", 1, arrangements(19, "/music/song", 2, NewSty)},
+                {".ARR", 6, arrangements(20, "/music/song", 2, NewSty)},
+                {".arr", 1, bank(2)},
+                {".sty", 2, arrangements(19, "/music/song", 2, NewSty)},
+                {".sty", 2, styles(24, " (Untitled 1)", NewSty)},
+                {".prg", 3, programs(21, "/music/song", 0)},
+                {".prg", 3, programs(22, " (Untitled 1)", 1)},
+                {".gbl", 5, globals(14, "Global Parameters")},
+                {"", 1, arrangements(19, "/music/song", 2, NewSty)}}; // the folder itself
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.typed);
+        WindowBuffer tag = row.tag;
+        user.warnings.clear();
+        choose(folder.path() + "/" + row.typed, row.filter);
+        EXPECT_EQ(FileSaveAs(tag), 1);
+        expectBox("Tarvolyne - Tarvolyne Console ", "Path not found");
+        expectNothingDone(tag, row.tag.bytes());
+    }
+    EXPECT_EQ(folder.fileCount(), 0u);
+    EXPECT_TRUE(user.overwriteQuestions.empty());
+    WindowBuffer tag = arrangements(19, "/music/song", 1, "");
+    choose(folder.file(".sty"), 1);
+    EXPECT_EQ(FileSaveAs(tag), 0);
+    EXPECT_EQ(files(), Names{".sty.arr"}) << "no extension of this kind, so a name";
+    EXPECT_EQ(tag.stem(), ".sty");
+}
+
+TEST_F(SaveAs, theDialogIsToldWhichFileANameStandsForUnderAFilter)
+{
+    const auto nameOf = [&](WindowBuffer tag, const char* typed, int filter) {
+        user.saveDialogs.clear();
+        EXPECT_EQ(FileSaveAs(tag), 1);
+        return user.saveDialogs.at(0).nameOf(std::string("/gigs/") + typed, filter);
+    };
+    const WindowBuffer arr = arrangements(19, "/music/song", 2, NewSty);
+    EXPECT_EQ(nameOf(arr, "song.arr", 1), "/gigs/song.arr");
+    EXPECT_EQ(nameOf(arr, "song.arr", 2), "/gigs/song.arr.sty");
+    EXPECT_EQ(nameOf(arr, "song", 6), "/gigs/song.arr");
+    EXPECT_EQ(nameOf(arr, "song.arr", 3), "") << "the window has no such area";
+    EXPECT_EQ(nameOf(programs(21, "/music/song", 1), "song.prg", 3), "/gigs/song.pgg");
+    EXPECT_EQ(nameOf(programs(22, "/music/song", 0), "song.pgg", 6), "/gigs/song.prg");
 }
 
 TEST_F(SaveAs, theLongestNameIsSavedToAgain)

@@ -187,6 +187,50 @@ TEST_F(StyWrite, aTableThatPromisesMoreThanTheBufferHoldsGivesZeros)
     EXPECT_TRUE(holds(folder, "song.sty", file + std::string(512, '\0')));
 }
 
+TEST_F(StyWrite, stylesBehindAGapInTheTableStayInTheFile)
+{
+    const std::string file = styleFile({{"One", 300}, {"", 0}, {"Three", 300}});
+    ASSERT_EQ(file.size(), 824u);
+    for (WindowBuffer& tag : windowsWith(song(), file)) {
+        EXPECT_EQ(StyFileWrite(tag), 0);
+        EXPECT_TRUE(holds(folder, "song.sty", file));
+    }
+    const std::string late = styleFile({{"", 0}, {"", 0}, {"Three", 301}, {"", 0}, {"Five", 20}});
+    WindowBuffer tag = styles(23, song(), late + "MORE BYTES");
+    EXPECT_EQ(FileSave(tag), 0);
+    EXPECT_TRUE(holds(folder, "song.sty", late + std::string(3, '\0'))) << "545 bytes, and three to whole units";
+}
+
+TEST_F(StyWrite, ofStylesBehindAGapOnlyWhatTheImageHoldsIsWritten)
+{
+    const std::string file = styleFile({{"One", 300}, {"", 0}, {"Three", 300}});
+    for (const std::size_t held : {824u, 700u, 528u, 524u}) {
+        WindowBuffer tag = styles(23, song(), file.substr(0, held));
+        EXPECT_EQ(FileSave(tag), 0);
+        EXPECT_TRUE(holds(folder, "song.sty", file.substr(0, held))) << held;
+    }
+    WindowBuffer shorter = styles(23, song(), file.substr(0, 400));
+    EXPECT_EQ(FileSave(shorter), 0);
+    EXPECT_TRUE(holds(folder, "song.sty", file.substr(0, 400) + std::string(124, '\0')))
+        << "the styles before the gap have the length that the table tells";
+}
+
+TEST_F(StyWrite, aGapInAnUnusedGroupLosesNoStyle)
+{
+    // Slots 0 to 3 are named, the others empty; slot 1 has no length, so the names behind it are read one block early.
+    std::vector<StyleBlock> slots(16, {Empty, 60});
+    for (std::size_t i = 0; i < 4; ++i)
+        slots[i] = {"Style " + std::to_string(i), i == 1 ? 0 : 200};
+    const std::string file = styleFile(slots);
+    WindowBuffer tag = styles(23, song(), file);
+    EXPECT_EQ(FileSave(tag), 0);
+    const std::string saved = folder.get("song.sty");
+    ASSERT_GE(saved.size(), 824u);
+    EXPECT_EQ(saved.substr(224, 600), file.substr(224, 600));
+    for (const int slot : {0, 2, 3})
+        EXPECT_EQ(lengthInTable(saved, slot), 200) << slot;
+}
+
 TEST_F(StyWrite, aWindowWithABareHeadWritesTheHead)
 {
     WindowBuffer tag = styles(23, song(), styleFile({}));

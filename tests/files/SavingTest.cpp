@@ -33,12 +33,28 @@ TEST_F(SavingTest, anArrangementWindowWritesItsFileAndItsStyles)
 
 TEST_F(SavingTest, theTitleOfASaveIsSavingAndTheName)
 {
-    WindowBuffer tag = arrangements(19, song(), 2, NewSty);
-    EXPECT_EQ(FileSave(tag), 0);
-    EXPECT_EQ(App.ErrTitle, "Saving song");
-    App.LanguageBase = 0;
-    EXPECT_EQ(ArrClosingSave(tag), 0);
+    std::vector<WindowBuffer> windows = {arrangements(19, song(), 2, NewSty),
+                                         arrangements(20, song(), 2, NewSty),
+                                         arrangements(20, song(), 1, ""),
+                                         programs(21, song(), 0),
+                                         programs(22, song(), 1),
+                                         styles(23, song(), NewSty),
+                                         globals(25, song())};
+    for (WindowBuffer& tag : windows) {
+        App.LanguageBase = 200;
+        App.ErrTitle = "before";
+        EXPECT_EQ(FileSave(tag), 0);
+        EXPECT_EQ(App.ErrTitle, "Saving song") << tag.kind();
+        App.LanguageBase = 0;
+        EXPECT_EQ(FileSave(tag), 0);
+        EXPECT_EQ(App.ErrTitle, "Salva song") << tag.kind();
+    }
+    EXPECT_EQ(ArrClosingSave(windows[0]), 0);
     EXPECT_EQ(App.ErrTitle, "Salva song");
+    App.LanguageBase = 200;
+    windows[0].setPath("/nowhere/else/my.tune");
+    EXPECT_EQ(ArrClosingSave(windows[0]), 1);
+    EXPECT_EQ(App.ErrTitle, "Saving my.tune") << "a point in a name begins no extension";
 }
 
 TEST_F(SavingTest, anArrangementWindowWithEmptyStylesWritesThemToo)
@@ -257,6 +273,18 @@ TEST_F(SavingTest, theSaveCommandAsksForANameWhereThereIsNone)
     EXPECT_EQ(user.saveDialogs.size(), 1u);
 }
 
+TEST_F(SavingTest, aNewStyleWindowAlwaysAsksForANameAlsoWhereItsMarkIsGone)
+{
+    WindowBuffer tag = styles(24, song(), NewSty);
+    ASSERT_FALSE(tag.untitled());
+    EXPECT_EQ(SaveWindow(tag), 1);
+    EXPECT_EQ(user.saveDialogs.size(), 1u);
+    EXPECT_EQ(tag.at(9), 1);
+    choose(song(), 2);
+    EXPECT_EQ(SaveWindow(tag), 0);
+    EXPECT_TRUE(holds(folder, "song.sty", NewSty));
+}
+
 // The save at the closing of an arrangement window.
 
 class ArrClosing : public SavingTest
@@ -321,6 +349,7 @@ protected:
                 {"new programs", 22, 6, programs(22, song(), 1), "song.pgg"},
                 {"styles", 23, 9, styles(23, song(), NewSty), "song.sty"},
                 {"globals", 25, 3, globals(25, song()), "song.gbl"},
+                {"new styles", 24, 9, styles(24, song(), NewSty), nullptr},
                 {"bank A", 2, 3, bank(2), nullptr},
                 {"bank B", 3, 3, bank(3), nullptr}};
     }
@@ -358,11 +387,12 @@ TEST_F(ClosingQuestion, cancelKeepsTheWindowAndNoLetsItGo)
 TEST_F(ClosingQuestion, yesSavesAndLetsTheWindowGo)
 {
     for (Row& row : rows()) {
+        const char* const typed = row.kind == 2 ? "a.arr" : row.kind == 3 ? "b.arr" : "mine.sty";
         if (row.file == nullptr)
-            choose(folder.file(row.kind == 2 ? "a.arr" : "b.arr"), 1);
+            choose(folder.file(typed), row.kind == 24 ? 2 : 1);
         user.answers = {6};
         EXPECT_TRUE(AgreeToClose(row.tag, "title")) << row.name;
-        EXPECT_TRUE(folder.has(row.file ? row.file : row.kind == 2 ? "a.arr" : "b.arr")) << row.name;
+        EXPECT_TRUE(folder.has(row.file ? row.file : typed)) << row.name;
     }
 }
 

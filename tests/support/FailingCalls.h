@@ -48,13 +48,12 @@ constexpr unsigned long Allowed = 0x7A11C0DE; // the handler's own calls carry i
 
 inline std::vector<unsigned> watchedCalls()
 {
-    return {SYS_openat,    SYS_read,       SYS_write,    SYS_fsync,      SYS_ftruncate,
-            SYS_lseek,     SYS_newfstatat, SYS_fstat,    SYS_statx,      SYS_readlinkat,
-            SYS_faccessat, SYS_faccessat2, SYS_renameat, SYS_renameat2,  SYS_unlinkat,
-            SYS_fchmod,    SYS_fchown,     SYS_close,    SYS_getdents64,
+    return {SYS_openat,   SYS_read,   SYS_write,      SYS_fsync,     SYS_ftruncate,  SYS_lseek,    SYS_newfstatat,
+            SYS_fstat,    SYS_statx,  SYS_readlinkat, SYS_faccessat, SYS_faccessat2, SYS_renameat, SYS_renameat2,
+            SYS_unlinkat, SYS_fchmod, SYS_fchown,     SYS_close,     SYS_getdents64, SYS_mkdirat,  SYS_linkat,
 #ifdef SYS_open // the older calls, which newer processors never had
-            SYS_open,      SYS_stat,       SYS_lstat,    SYS_readlink,   SYS_access,
-            SYS_rename,    SYS_unlink
+            SYS_open,     SYS_stat,   SYS_lstat,      SYS_readlink,  SYS_access,     SYS_rename,   SYS_unlink,
+            SYS_mkdir,    SYS_link
 #endif
     };
 }

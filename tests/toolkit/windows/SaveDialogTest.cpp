@@ -184,6 +184,63 @@ TEST_F(SaveDialogTest, asksBeforeOverwritingAndStaysOpenOnNo)
     EXPECT_EQ(answer.path, folder.file("other.arr"));
 }
 
+TEST_F(SaveDialogTest, asksAboutTheFileThatTheNameStandsForUnderTheFilterChosen)
+{
+    folder.put("song.arr", "old");
+    folder.put("song.arr.sty", "old");
+    SaveDialogRequest asked = request("x.arr");
+    asked.nameOf = [](const std::string& path, int filter) { return filter == 2 ? path + ".sty" : path; };
+    const QString arr = "song.arr";
+    then([arr](QWidget* dialog) {
+        chooseFilter(dialog, "Styles (*.sty)");
+        typeName(dialog, arr);
+    });
+    then([](QWidget* box) {
+        EXPECT_EQ(dynamic_cast<QMessageBox*>(box)->text(), "song.arr.sty already exists.\nReplace it?");
+        press(box, "CommNo");
+    });
+    then([arr](QWidget* dialog) {
+        chooseFilter(dialog, "Global(*.gbl)");
+        typeName(dialog, arr);
+    });
+    then([](QWidget* box) {
+        EXPECT_EQ(dynamic_cast<QMessageBox*>(box)->text(), "song.arr already exists.\nReplace it?");
+        press(box, "CommNo");
+    });
+    then([](QWidget* dialog) {
+        chooseFilter(dialog, "Global(*.gbl)");
+        typeName(dialog, "fresh.sty");
+    });
+    const SaveDialogAnswer answer = ask(asked);
+    EXPECT_TRUE(answer.accepted);
+    EXPECT_EQ(answer.filterIndex, 5);
+    EXPECT_EQ(answer.path, folder.file("fresh.sty"));
+}
+
+TEST_F(SaveDialogTest, answersTheFileItHasAskedAbout)
+{
+    folder.put("song.pgg", "old");
+    SaveDialogRequest asked = request("x.prg", 3);
+    asked.nameOf = [this](const std::string&, int) { return folder.file("song.pgg"); };
+    then([](QWidget* dialog) { typeName(dialog, "song.prg"); });
+    then([](QWidget* box) {
+        EXPECT_EQ(dynamic_cast<QMessageBox*>(box)->text(), "song.pgg already exists.\nReplace it?");
+        press(box, "CommYes");
+    });
+    EXPECT_EQ(ask(asked).path, folder.file("song.pgg"));
+}
+
+TEST_F(SaveDialogTest, underAFilterThatStandsForNoFileNothingIsAsked)
+{
+    folder.put("song.arr", "old");
+    SaveDialogRequest asked = request("x.arr");
+    asked.nameOf = [](const std::string&, int) { return std::string(); };
+    then([](QWidget* dialog) { typeName(dialog, "song.arr"); });
+    const SaveDialogAnswer answer = ask(asked);
+    EXPECT_TRUE(answer.accepted);
+    EXPECT_EQ(answer.path, folder.file("song.arr"));
+}
+
 TEST_F(SaveDialogTest, yesTakesTheNameOfAFileThatExists)
 {
     App.LanguageBase = 0;
