@@ -50,7 +50,7 @@ private:
     void CommEdit_Click();
     void CommShowSty_Click();
     int styleSlot() const;
-    void freeKeptStyleSlot();
+    void leaveStyleWindow();
     void CommShowPrg_Click();
     void CommAdd_Click();
     void showDetails(int row);

@@ -229,14 +229,16 @@ int frmArrU::styleSlot() const
     return StySlotFree();
 }
 
-void frmArrU::freeKeptStyleSlot()
+void frmArrU::leaveStyleWindow()
 {
-    if (!TimerShowSty->enabled() || OpenWindows::findByPath(WindowKind::StyFile, WindowKind::StyFile, Tag.path()))
-        return;
-    // The style window was to come again, and now will not.
-    for (SessionEntry& style : App.Styles)
-        if (style.used && style.linked && sameFileName(style.path, Tag.path()))
-            style.used = false;
+    // The link ends with this window: its file, opened again, may hold other styles than a style window left open.
+    const bool shown = OpenWindows::findByPath(WindowKind::StyFile, WindowKind::StyFile, Tag.path()) != nullptr;
+    for (SessionEntry& style : App.Styles) {
+        if (!style.linked || !sameFileName(style.path, Tag.path()))
+            continue;
+        style.linked = false;
+        style.used = style.used && shown; // one that was to come again with new styles now will not
+    }
 }
 
 void frmArrU::CommShowPrg_Click()
@@ -304,7 +306,7 @@ bool frmArrU::queryUnload()
 void frmArrU::unload()
 {
     abandonStages();
-    freeKeptStyleSlot();
+    leaveStyleWindow();
     std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this));
     ArrSessionLeave(entry(), Tag, positionInTwips());
     if (!App.AppClosing)

@@ -411,6 +411,31 @@ TEST_F(EditMenu, anArrangementWindowThatClosesBeforeItsStylesCameAgainFreesTheir
     EXPECT_EQ(App.StyUCount, 0);
 }
 
+TEST_F(EditMenu, theLinkEndsWithTheArrangementWindow)
+{
+    openSongs();
+    activate(song);
+    QTest::mouseClick(song->findChild<QPushButton*>("CommShowSty"), Qt::LeftButton);
+    settle();
+    ChildWindow* styles = active();
+    song->unloadWithoutAsking();
+    settle();
+    EXPECT_TRUE(App.Styles[0].used);
+    activate(styles);
+    click(styles, 0);
+    key(styles, Qt::Key_X);
+    song = open("song.arr", arrFile(Songs), 1); // its styles are those of the disk
+    EXPECT_TRUE(song->Tag.styleArea() == styFile(Styles));
+    click(song, 1);
+    key(song, Qt::Key_X);
+    EXPECT_EQ(text(song, 1), "12");
+    activate(styles);
+    click(styles, 1);
+    key(styles, Qt::Key_X);
+    EXPECT_TRUE(song->Tag.styleArea() == styFile({Empty, Styles[1], Styles[2], Styles[3]}));
+    EXPECT_TRUE(styles->Tag.styleArea() == styFile({Empty, Empty, Styles[2], Styles[3]}));
+}
+
 TEST_F(EditMenu, theSnapshotOutlivesItsWindow)
 {
     openSongs();
