@@ -244,7 +244,8 @@ void frmArrU::leaveStyleWindow()
 void frmArrU::CommShowPrg_Click()
 {
     const std::string path = Tag.path();
-    if (!App.shell || App.shell->bringForward(WindowKind::PrgFile, path))
+    if (!App.shell || App.shell->bringForward(WindowKind::PrgFile, path) ||
+        App.shell->bringForward(WindowKind::PrgNew, path)) // a new file that was saved under this name
         return;
     const int kind = Tag.at(WindowLayout::PrgTypeOffset) == 1 ? FileKind::Pgg : FileKind::Prg;
     FileContent file;

@@ -103,7 +103,7 @@ bool frmArrU::findProgramSource()
 {
     constexpr int ReadAsPgg = 4; // of PrgFileFind
     const std::string path = Tag.path();
-    if (OpenWindows::findByPath(WindowKind::PrgFile, WindowKind::PrgFile, path)) {
+    if (OpenWindows::findByPath(WindowKind::PrgFile, WindowKind::PrgNew, path)) {
         TimerLoadPrg->setStage(ArrStage::LoadPrg::WindowFound);
         return true;
     }
@@ -129,7 +129,7 @@ void frmArrU::sendProgram()
         ProgramDumpSend(std::exchange(programToSend_, {}));
         InfoPrgSetStem(Tag.stem(), programExtension_);
     } else if (const WindowBuffer* window =
-                   OpenWindows::findByPath(WindowKind::PrgFile, WindowKind::PrgFile, Tag.path())) {
+                   OpenWindows::findByPath(WindowKind::PrgFile, WindowKind::PrgNew, Tag.path())) {
         ProgramDumpSend(window->bytes());
         InfoPrgSet(window->bytes(), window->at(WindowLayout::PrgTypeOffset) == 1 ? "pgg" : "prg");
     } else {
