@@ -23,7 +23,9 @@ constexpr int ShownCharacters = 20; ///< of a row at the least: code, mark, name
 
 ArrListWindow::ArrListWindow(const char* name, int AppState::*counter) : ChildWindow(name, counter) {}
 
-ArrListWindow::~ArrListWindow() { std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this)); }
+ArrListWindow::~ArrListWindow() { leaveRowOwners(); }
+
+void ArrListWindow::leaveRowOwners() { std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this)); }
 
 void ArrListWindow::makeList(QWidget* content)
 {

@@ -26,6 +26,8 @@ protected:
     /// Fills the rows and the box from the Tag; from here on the window hears of renamed rows.
     void fillRows();
     void ArrStyleListFill();
+    /// The window goes: nobody tells it of rows any more.
+    void leaveRowOwners();
 
     // The selected row, from 0; -1 without one.
     int selectedRow() const;

@@ -167,6 +167,6 @@ bool frmArrAB::queryUnload()
 
 void frmArrAB::unload()
 {
-    std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this));
+    leaveRowOwners();
     keepInRow(windowKind());
 }

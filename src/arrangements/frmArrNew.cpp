@@ -267,7 +267,7 @@ void frmArrNew::unload()
     StyLoadAbandon(this);
     if (TimerLoadArr->Interval() != StageTimer::Rest)
         StatusNotice(ArrNotice::None, {});
-    std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this));
+    leaveRowOwners();
     const WindowPosition place = positionInTwips();
     SessionEntry& kept = entry();
     kept.left = place.left;

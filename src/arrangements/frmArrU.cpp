@@ -8,8 +8,6 @@
 #include "core/Strings.h"
 #include "database/TvlDBArr.h"
 #include "midi/DeviceModes.h"
-#include "toolkit/Choices.h"
-#include "toolkit/RowColumns.h"
 #include "toolkit/RowList.h"
 
 #include <QComboBox>
@@ -30,28 +28,10 @@ constexpr int CloseRow = 8;
 
 constexpr int Margin = 8;
 constexpr int GroupGap = 10;
-constexpr const char* ListFace = "Arial";
-constexpr int ListPointSize = 10;
-constexpr int ShownCharacters = 20; ///< of a row at the least: code, mark, name
-
-QPushButton* makeButton(QWidget* parent, const char* name, const QString& buttonCaption)
-{
-    auto* button = new QPushButton(buttonCaption, parent);
-    button->setObjectName(QLatin1String(name));
-    return button;
-}
-
-QLineEdit* makeReadOnlyText(QWidget* parent, const char* name)
-{
-    auto* text = new QLineEdit(parent);
-    text->setObjectName(QLatin1String(name));
-    text->setReadOnly(true);
-    return text;
-}
 
 } // namespace
 
-frmArrU::frmArrU(int slot) : ChildWindow("frmArrU", &AppState::ArrUCount)
+frmArrU::frmArrU(int slot) : ArrListWindow("frmArrU", &AppState::ArrUCount)
 {
     const ScopedFlag filling{filling_};
     Tag = ArrTagBuild(slot, App.Arrangements[static_cast<std::size_t>(slot - 1)]);
@@ -65,8 +45,6 @@ frmArrU::frmArrU(int slot) : ChildWindow("frmArrU", &AppState::ArrUCount)
         startSearchById();
 }
 
-frmArrU::~frmArrU() { std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this)); }
-
 SessionEntry& frmArrU::entry() const { return App.Arrangements[static_cast<std::size_t>(Tag.number() - 1)]; }
 
 std::string frmArrU::caption() const { return ChildCaption(Tag); }
@@ -74,11 +52,7 @@ std::string frmArrU::caption() const { return ChildCaption(Tag); }
 void frmArrU::buildControls()
 {
     auto* content = new QWidget;
-    List1 = new RowList(content, QStringLiteral("List1"));
-    List1->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    List1->setFont(QFont(QLatin1String(ListFace), ListPointSize, QFont::Normal));
-    List1->setItemDelegate(new RowColumns(List1));
-    List1->setMinimumWidth(ShownCharacters * List1->fontMetrics().averageCharWidth());
+    makeList(content);
 
     auto* upper = new QHBoxLayout;
     upper->setSpacing(Margin);
@@ -130,14 +104,7 @@ QLayout* frmArrU::detailBoxes(QWidget* content)
 {
     Label1.create([&](int index) { return new QLabel(QLatin1String(LabelCaptions[index]), content); });
     // In the order in which Tab walks them.
-    Combo1 = new QComboBox(content);
-    Combo1->setObjectName(QStringLiteral("Combo1"));
-    Combo1->setEditable(true);
-    Combo1->setInsertPolicy(QComboBox::NoInsert);
-    Combo1->lineEdit()->setReadOnly(true);
-    Combo1->setCompleter(nullptr);
-    Combo1->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    ignoreWheelWithoutFocus(Combo1);
+    makeStyleBox(content);
     Text1 = makeReadOnlyText(content, "Text1");
     Text2 = makeReadOnlyText(content, "Text2");
 
@@ -200,43 +167,16 @@ void frmArrU::wireHandlers()
     List1->onClick([this] { List1_Click(); });
     List1->onDoubleClick([this] { List1_DblClick(); });
     List1->onDelete([this] { List1_Delete(); });
-    // The box always names the selected row's style; opening it only shows which others the file uses.
-    connect(Combo1, &QComboBox::activated, this, [this] {
-        const int row = selectedRow();
-        showStyle(row < 0 || isEmptyRowText(List1->rowText(row)) ? QString()
-                                                                 : fromInstrument(arrStyleEntry(image(), row)));
-    });
 }
 
 void frmArrU::loadFile()
 {
     showCaption();
-    List1->setAccessibleName(windowTitle());
     fillRows();
     enableByContent();
     entry().databaseId = DBArrLookup(Tag.path() + extensionOf(FileKind::Arr));
     entry().used = true;
     entry().Open = 1;
-    Arr.rowOwners.push_back(this);
-}
-
-void frmArrU::fillRows()
-{
-    QStringList rows;
-    for (const std::string& text : arrRowTexts(image()))
-        rows << fromInstrument(text);
-    List1->setRows(rows);
-    ArrStyleListFill();
-}
-
-void frmArrU::ArrStyleListFill()
-{
-    QStringList styles;
-    for (const std::string& text : arrStyleEntries(image()))
-        styles << fromInstrument(text);
-    Combo1->clear();
-    Combo1->addItems(styles);
-    showStyle({});
 }
 
 void frmArrU::enableByContent()

@@ -5,24 +5,18 @@
 // press becomes stages carried by timers whose Interval is the stage, so that the status line paints before a send.
 #pragma once
 
-#include "arrangements/ArrEdit.h"
-#include "toolkit/ChildWindow.h"
+#include "arrangements/QtArrListWindow.h"
 #include "toolkit/ControlArray.h"
 #include "toolkit/StageTimer.h"
 
-class QComboBox;
 class QLabel;
 class QLayout;
-class QLineEdit;
-class QPushButton;
-class RowList;
 
-class frmArrU final : public ChildWindow, private ArrRowOwner
+class frmArrU final : public ArrListWindow
 {
 public:
     /// Slot 1 to 8. The file stands in the hand-over buffer, its path and place in App.Arrangements[slot - 1].
     explicit frmArrU(int slot);
-    ~frmArrU() override;
 
     bool queryUnload() override;
     void unload() override;
@@ -37,8 +31,6 @@ private:
     void wireHandlers();
     void wireTimers();
     void loadFile();
-    void fillRows();
-    void ArrStyleListFill();
     void enableByContent();
     void enableByStyles();
     void restorePlace();
@@ -55,7 +47,6 @@ private:
     void CommAdd_Click();
     void showDetails(int row);
     void showId(int row);
-    void showStyle(const QString& text);
     void showEmptyRow();
     /// False when the editor holds an edit that could not be stored: it stays with it.
     [[nodiscard]] bool letEditFollow(int row);
@@ -64,7 +55,6 @@ private:
     bool loadStyleFirst(int row);
     void selectOnInstrument(int row);
     bool hasSelectedRow() const;
-    int selectedRow() const; ///< from 0; -1 without a selected row
 
     // Handle: the staged loads.
     void CommLoadAll_Click();
@@ -92,22 +82,14 @@ private:
     void continueSearch(int stage);
     bool searchIsMine() const;
 
-    /// Names of the instrument are Latin-1.
-    static QString fromInstrument(const std::string& text);
-    static void enableMenuItem(const char* name, bool enabled);
-    const WindowBuffer& arrImage() const override { return Tag; }
-    void arrRowRenamed(int row) override;
     void startSearchById() override;
     void dropSearch() override;
 
     SessionEntry& entry() const;
-    const ByteBuffer& image() const { return Tag.bytes(); }
     std::string caption() const;
 
-    RowList* List1 = nullptr;
     QLineEdit* Text1 = nullptr; ///< the row's ID
     QLineEdit* Text2 = nullptr; ///< where its programs come from
-    QComboBox* Combo1 = nullptr;
     ControlArray<QLabel, 3> Label1{"Label1"};
     QPushButton* CommLoadAll = nullptr;
     QPushButton* CommLoadArr = nullptr;

@@ -28,24 +28,7 @@ constexpr int ReadOnlyFile = 17; ///< report code
 
 } // namespace
 
-QString frmArrU::fromInstrument(const std::string& text)
-{
-    return QString::fromLatin1(text.data(), static_cast<int>(text.size()));
-}
-
-void frmArrU::enableMenuItem(const char* name, bool enabled)
-{
-    if (App.shell)
-        App.shell->enableMenuItem(name, enabled);
-}
-
 bool frmArrU::hasSelectedRow() const { return selectedRow() >= 0; }
-
-int frmArrU::selectedRow() const
-{
-    const QListWidgetItem* item = List1->currentItem();
-    return item && item->isSelected() ? List1->ListIndex() : -1;
-}
 
 void frmArrU::List1_Click()
 {
@@ -55,7 +38,7 @@ void frmArrU::List1_Click()
     if (App.shell)
         App.shell->MenuSync();
     const int row = selectedRow();
-    if (row < 0 || isEmptyRowText(List1->rowText(row))) {
+    if (row < 0 || rowIsEmpty(row)) {
         forgetEndedLoad();
         if (row >= 0)
             showEmptyRow();
@@ -134,7 +117,7 @@ bool frmArrU::letEditFollow(int row)
 void frmArrU::showEmptyRow()
 {
     enableEdit(false);
-    showStyle({});
+    showStyleOf(-1);
     Text1->clear();
     Text2->clear();
     StatusNotice(ArrNotice::None, {});
@@ -144,18 +127,10 @@ void frmArrU::showDetails(int row)
 {
     showId(row);
     Text2->setText(arrUsesBankD(image(), row) ? QString::fromUtf8(ResText(InternalRow).c_str()) : QString());
-    showStyle(fromInstrument(arrStyleEntry(image(), row)));
+    showStyleOf(row);
 }
 
 void frmArrU::showId(int row) { Text1->setText(fromInstrument(arrIdText(entry().databaseId, row))); }
-
-void frmArrU::showStyle(const QString& text)
-{
-    const int index = text.isEmpty() ? -1 : Combo1->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    Combo1->setCurrentIndex(index);
-    if (index < 0)
-        Combo1->setEditText(text);
-}
 
 void frmArrU::enableEdit(bool enabled)
 {
@@ -165,7 +140,7 @@ void frmArrU::enableEdit(bool enabled)
 
 void frmArrU::List1_DblClick()
 {
-    if (!isEmptyRowText(List1->rowText(List1->ListIndex())))
+    if (!rowIsEmpty(List1->ListIndex()))
         CommEdit_Click();
 }
 
@@ -180,7 +155,7 @@ void frmArrU::List1_Delete()
 void frmArrU::CommEdit_Click()
 {
     const int row = selectedRow();
-    if (row < 0 || isEmptyRowText(List1->rowText(row)))
+    if (row < 0 || rowIsEmpty(row))
         return;
     bool taken = true;
     if (Arr.ArrEditOpen) {
@@ -264,7 +239,7 @@ void frmArrU::CommAdd_Click()
     if (Arr.databaseAdd)
         Arr.databaseAdd(Tag);
     entry().databaseId = DBArrLookup(Tag.path() + extensionOf(FileKind::Arr));
-    if (const int row = selectedRow(); row >= 0 && !isEmptyRowText(List1->rowText(row)))
+    if (const int row = selectedRow(); row >= 0 && !rowIsEmpty(row))
         showId(row);
     StatusNotice(ArrNotice::None, {});
 }
@@ -274,7 +249,7 @@ void frmArrU::contentChanged()
     ArrStyleListFill();
     enableByStyles();
     const int row = selectedRow();
-    if (row < 0 || isEmptyRowText(List1->rowText(row))) {
+    if (row < 0 || rowIsEmpty(row)) {
         Text1->clear();
         Text2->clear();
         return;
@@ -282,19 +257,6 @@ void frmArrU::contentChanged()
     showDetails(row);
     if (!Arr.ArrEditOpen)
         enableEdit(true);
-}
-
-void frmArrU::arrRowRenamed(int row)
-{
-    constexpr std::size_t CodeAndMark = 4;
-    QListWidgetItem* item = List1->item(row);
-    if (!item)
-        return;
-    const std::string before = List1->rowText(row);
-    const std::string name(slice(arrRecord(image(), row), ArrBlock::Name));
-    // A row that was cut while the editor held it has no mark to keep.
-    item->setText(
-        fromInstrument(before.size() < CodeAndMark ? arrRowText(image(), row) : before.substr(0, CodeAndMark) + name));
 }
 
 bool frmArrU::queryUnload()
@@ -308,7 +270,7 @@ void frmArrU::unload()
 {
     abandonStages();
     leaveStyleWindow();
-    std::erase(Arr.rowOwners, static_cast<ArrRowOwner*>(this));
+    leaveRowOwners();
     ArrSessionLeave(entry(), Tag, positionInTwips());
     if (!App.AppClosing)
         enableMenuItem("mnuApriArr", true);
