@@ -181,7 +181,8 @@ TEST(ReplaceFile, replacesTheFileThatReadingWouldFind)
 TEST(ReplaceFile, savesAFileOfTheLongestName)
 {
     CoreRun run;
-    const std::string name = std::string(251, 'n') + ".arr";
+    std::string name(251, 'n');
+    name += ".arr";
     run.folder.put(name, Old);
     EXPECT_EQ(replaceFile(run.folder.file(name), New), 0);
     EXPECT_EQ(run.folder.get(name), New);
