@@ -292,15 +292,13 @@ void frmStyUN::loadFile()
 
 void frmStyUN::restorePlace()
 {
-    SessionEntry& place = entry();
+    const SessionEntry& place = entry();
     const TwipsSize standard = defaultWindowSize(windowKind());
-    if (windowKind() == WindowKind::StyNew) {
+    const bool placedBefore = place.width > 0 && place.height > 0;
+    if (windowKind() == WindowKind::StyFile && placedBefore)
+        placeInTwips(place.left, place.top, place.width, place.height);
+    else if (windowKind() == WindowKind::StyFile && !place.linked)
+        placeInTwips(0, 0, standard.width, standard.height);
+    else // an untitled window, and the first beside an arrangement window, whose buttons it must not cover
         resizeInTwips(standard.width, standard.height);
-        return;
-    }
-    if (place.width <= 0 || place.height <= 0) {
-        place.width = standard.width;
-        place.height = standard.height;
-    }
-    placeInTwips(place.left, place.top, place.width, place.height);
 }

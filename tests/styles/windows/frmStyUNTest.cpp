@@ -209,9 +209,20 @@ TEST_F(StyleWindows, aWindowThatAnArrangementOpenedIsMarkedInItsRecordForAsLongA
     EXPECT_TRUE(record(2).linked);
     EXPECT_EQ(window->windowTitle(), "File Sty - song.sty (2)");
     EXPECT_EQ(window->Tag.at(9), 0);
+    EXPECT_TRUE(window->hasSizeInTwips(5560, 4200));
     window->close();
     EXPECT_FALSE(record(2).linked);
     EXPECT_FALSE(record(2).used);
+}
+
+TEST_F(StyleWindows, aWindowThatAnArrangementOpensFindsAPlaceBesideTheOthers)
+{
+    const frmStyUN* other = open(sixteen());
+    Files.StyBuffer = sixteen();
+    record(2).path = "/music/song";
+    record(2).linked = true;
+    const frmStyUN* window = show(new frmStyUN(23, 2));
+    EXPECT_FALSE(window->geometry().intersects(other->geometry()));
 }
 
 TEST_F(StyleWindows, anUntitledWindowShowsItsNumberAndTakesTheDefaultSize)
