@@ -31,11 +31,14 @@ int FolderFiles::read(const std::string& folder)
         return fileErrorOf(errno);
     prefix_ = folder + "/";
     entries_.clear();
-    while (const dirent* found = readdir(open.get())) {
+    // A walk that breaks off must not pass for a folder with fewer files.
+    while (const dirent* found = (errno = 0, readdir(open.get()))) {
         std::string name = found->d_name;
         std::string upper = upperFileName(name);
         entries_.push_back({std::move(upper), std::move(name), mayBeFile(*found)});
     }
+    if (errno != 0)
+        return fileErrorOf(errno);
     std::sort(entries_.begin(), entries_.end(), [](const Entry& one, const Entry& other) {
         return one.upper != other.upper ? one.upper < other.upper : one.name < other.name;
     });

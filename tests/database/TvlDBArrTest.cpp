@@ -1,58 +1,12 @@
 // The arrangement database: whether it is there, and the number of a file.
-#include "database/TvlDBArr.h"
-
-#include "core/Dichiarazioni.h"
-#include "support/ScriptedUser.h"
-#include "support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
+#include "DBArrRoom.h"
 
 namespace
 {
 
-struct Row {
-    std::string name;
-    int id;
-};
-
-/// A database file by hand: records of 26 bytes from offset 52, the map at 25974, the folder at 26971.
-std::string database(const std::vector<Row>& rows, const std::string& folder)
-{
-    std::string file(27221, '\0');
-    file.replace(0, 8, "TvlDBArr");
-    std::string empty = std::string(1, '\0') + std::string(23, ' ') + std::string(2, '\0');
-    for (std::size_t slot = 3; slot <= 999; ++slot)
-        file.replace(52 + (slot - 3) * 26, 26, empty);
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        std::string name = rows[i].name;
-        name.resize(24, ' ');
-        file.replace(52 + i * 26, 24, name);
-        file[52 + i * 26 + 24] = static_cast<char>(rows[i].id % 256);
-        file[52 + i * 26 + 25] = static_cast<char>(rows[i].id / 256);
-        file[25974 + static_cast<std::size_t>(rows[i].id) - 3] = 1;
-    }
-    std::string padded = folder;
-    padded.resize(250, ' ');
-    return file.replace(26971, 250, padded);
-}
-
-class Database : public ::testing::Test
+class Database : public DBArrRoom
 {
 protected:
-    Database()
-    {
-        App = {};
-        App.ui = &user;
-        App.StateDir = state.path();
-        DBArr = {};
-    }
-    ~Database() override
-    {
-        App = {};
-        DBArr = {};
-    }
     void put(const std::vector<Row>& rows) { state.put("TvlDBArr", database(rows, "/music/live")); }
     void expectBox(const std::string& text)
     {
@@ -61,9 +15,6 @@ protected:
         EXPECT_EQ(user.warnings[0].text, text);
         user.warnings.clear();
     }
-
-    ScriptedUser user;
-    TemporaryFolder state;
 };
 
 } // namespace

@@ -34,8 +34,10 @@ public:
     }
     std::string get(const std::string& name) const
     {
-        std::ifstream stream(file(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+        std::ifstream stream(file(name), std::ios::binary | std::ios::ate);
+        std::string bytes(stream ? static_cast<std::size_t>(stream.tellg()) : 0, '\0');
+        stream.seekg(0).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return bytes;
     }
     bool has(const std::string& name) const { return std::filesystem::exists(file(name)); }
     std::size_t fileCount() const
