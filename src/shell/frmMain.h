@@ -102,8 +102,9 @@ private:
     void showRecentFiles();
     void listChildWindows();
     void checkToggled(const MenuRow& row, bool checked);
-    /// Runs an edit command on the active child if its item is allowed now.
-    void runEdit(bool EditItems::*item, void (*command)(ChildWindow&));
+    /// The active child when an edit item is allowed on it now, else null.
+    ChildWindow* childToEdit(bool EditItems::*item) const;
+    bool editorLeavesRows(const ChildWindow& child);
     void Timer_Timer();
 
     bool makeWindow(int windowKind, int slot);

@@ -411,6 +411,47 @@ TEST_F(EditMenu, anArrangementWindowThatClosesBeforeItsStylesCameAgainFreesTheir
     EXPECT_EQ(App.StyUCount, 0);
 }
 
+TEST_F(EditMenu, theEditorDoesNotOutliveTheRowThatItHolds)
+{
+    openSongs();
+    activate(song);
+    click(song, 1);
+    QTest::mouseClick(song->findChild<QPushButton*>("CommEdit"), Qt::LeftButton);
+    settle();
+    QPointer<ChildWindow> editor = active();
+    ASSERT_EQ(editor->windowKind(), 13);
+    Arr.ArrEditBuf.replace(0, 10, "Your Samba");
+    Arr.ArrEditDirty = true;
+    activate(song);
+    user.answers = {Answer::Cancel};
+    key(song, Qt::Key_X);
+    EXPECT_EQ(text(song, 1), "12 +My Samba        ") << "the user goes on editing";
+    EXPECT_FALSE(editor.isNull());
+    user.answers = {Answer::Yes};
+    key(song, Qt::Key_X);
+    EXPECT_TRUE(editor.isNull());
+    EXPECT_EQ(text(song, 1), "12");
+    EXPECT_EQ(Clipboard.BufferTagSorg.substr(302 + 164, 10), "Your Samba") << "what was edited is cut";
+    EXPECT_TRUE(user.warnings.empty());
+}
+
+TEST_F(EditMenu, theEditorOfAnotherRowStays)
+{
+    openSongs();
+    activate(song);
+    click(song, 1);
+    QTest::mouseClick(song->findChild<QPushButton*>("CommEdit"), Qt::LeftButton);
+    settle();
+    QPointer<ChildWindow> editor = active();
+    activate(song);
+    list(song)->clearSelection();
+    list(song)->setCurrentRow(2);
+    window->MenuSync();
+    key(song, Qt::Key_X);
+    EXPECT_EQ(text(song, 2), "13");
+    EXPECT_FALSE(editor.isNull());
+}
+
 TEST_F(EditMenu, theLinkEndsWithTheArrangementWindow)
 {
     openSongs();
