@@ -48,10 +48,12 @@ TEST_F(MsgLogRule, aLineHoldsTheFirst21666Bytes)
     MsgLogAdd(std::string(21666, '\x01'));
     EXPECT_EQ(monitor.text.size(), 64998U + 2U);
     monitor.text.clear();
-    MsgLogAdd(std::string(21666, '\x01') + "\xFF\xFF");
+    std::string longest(21666, '\x01');
+    MsgLogAdd(longest.append("\xFF\xFF"));
     EXPECT_EQ(monitor.text.size(), 64998U + 2U);
     EXPECT_EQ(monitor.text.find("FF"), std::string::npos);
     monitor.text.clear();
-    MsgLogAdd(std::string(21665, '\x01') + "\xFF");
+    longest.assign(21665, '\x01');
+    MsgLogAdd(longest.append("\xFF"));
     EXPECT_EQ(monitor.text.substr(64989), "01 01 FF \n\n");
 }

@@ -33,7 +33,12 @@ struct EditorField : FieldTarget {
     }
 };
 
-std::string head(int kind) { return std::string(1, static_cast<char>(kind)) + std::string(269, ' '); }
+std::string head(int kind)
+{
+    std::string bytes(270, ' ');
+    bytes.front() = static_cast<char>(kind);
+    return bytes;
+}
 
 std::string userTag(int kind, const std::string& file) { return head(kind) + std::string(399, '\0') + file; }
 
