@@ -15,7 +15,7 @@ namespace
 {
 
 /// Two places of the pointer that follow one another within this time are one movement; milliseconds.
-constexpr quint64 OneMovement = 25;
+constexpr quint64 OneMovement = 40;
 
 QRect inPixels(const TwipsRect& twips, qreal unitX, qreal unitY)
 {

@@ -79,12 +79,18 @@ void frmTastiera::unload()
     close_();
 }
 
-/// Required: no note is released; what sounds goes on until the instrument stops it.
+/// Required: no note is released; what sounds goes on until the instrument stops it. So the keys are deaf from here on
+/// to the pointer that leaves the vanishing window.
 void frmTastiera::close_()
 {
     if (closed_)
         return;
     closed_ = true;
+    Frame1->mouseDown = [](int) {};
+    Frame1->mouseUp = [](int) {};
+    Frame1->mouseMove = [](int, int) {};
+    Frame1->mouseOutside = [] {};
+    panel_->mouseMove = nullptr;
     Keys.KeyboardOpen = false;
     Arr.keyboardSplit = nullptr;
 }

@@ -177,6 +177,20 @@ TEST_F(frmTastieraKeys, offTheKeysItFallsSilent)
     EXPECT_EQ(sent(), "82 3C 20");
 }
 
+TEST_F(frmTastieraKeys, aClosedWindowReleasesNothing)
+{
+    glide();
+    moveOver(24);
+    service.forget();
+    QPointer<QWidget> keys = control("Frame1");
+    window->close();
+    QEvent leave(QEvent::Leave); // of the window that goes from under the pointer
+    QApplication::sendEvent(keys, &leave);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(keys.isNull());
+    EXPECT_EQ(sent(), "");
+}
+
 TEST_F(frmTastieraKeys, aFastPointerMissesNoKeyOnItsWay)
 {
     glide();
