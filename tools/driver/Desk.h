@@ -54,6 +54,7 @@ public:
     bool waitForEnd(int milliseconds = 20000) { return current().process.waitForEnd(milliseconds); }
     int exitCode() { return current().process.exitCode(); }
     void killProgram();
+    pid_t processId() { return current().process.id(); }
 
     std::string workFolder() const { return folder_ + "/work"; }
     std::string stateFolder() const { return folder_ + "/data/tarvolyne"; }
