@@ -7,25 +7,11 @@
 #include "files/WindowLayout.h"
 #include "programs/ProgramSource.h"
 
-#include <algorithm>
-
 namespace
 {
 
 constexpr const char* NoMark = "  ";
 constexpr const char* ReferenceMark = " *";
-
-/// A name for a list: bytes that are no characters show as blanks.
-std::string shownName(std::string_view record)
-{
-    std::string name(slice(record, PrgLayout::RecordName));
-    const auto isControl = [](char c) {
-        const auto value = static_cast<unsigned char>(c);
-        return value < 0x20 || (value >= 0x7F && value < 0xA0);
-    };
-    std::replace_if(name.begin(), name.end(), isControl, ' ');
-    return name;
-}
 
 bool isFree(std::string_view record) { return byteAt(record, PrgLayout::RecordStateOffset) == 0; }
 
@@ -45,7 +31,8 @@ std::string programRowText(std::string_view tag, int row)
     const std::string_view record = programRecord(tag, row);
     if (isFree(record))
         return rowCode(row);
-    return rowCode(row) + (isReference(record) ? ReferenceMark : NoMark) + shownName(record);
+    return rowCode(row) + (isReference(record) ? ReferenceMark : NoMark) +
+           rowName(slice(record, PrgLayout::RecordName));
 }
 
 std::vector<std::string> programRowTexts(std::string_view tag)
