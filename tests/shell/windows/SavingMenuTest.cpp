@@ -85,3 +85,31 @@ TEST_F(SavingMenu, withoutAChildNothingHappens)
     window->mnuSalvaAs_Click(0);
     EXPECT_TRUE(user.saveDialogs.empty());
 }
+
+TEST_F(SavingMenu, underAnotherNameTheWindowHasTheNumberThatTheDatabaseGivesThatName)
+{
+    // 27221 bytes: two records of 26 bytes from offset 52, name and number, and the folder at offset 26971.
+    std::string database(27221, '\0');
+    database.replace(0, 8, "TvlDBArr");
+    database.replace(52, 26, blankPadded("MINE", 24) + "\x07" + std::string(1, '\0'));
+    database.replace(78, 26, blankPadded("YOURS", 24) + "\x02\x01");
+    database.replace(26971, 250, blankPadded(songs.path(), 250));
+    state.put("TvlDBArr", database);
+
+    PlainChild* child = showChild(WindowKind::ArrFile, songs.file("mine"), 10528 + 1344 + 30480);
+    SessionEntry& entry = App.Arrangements[0];
+    entry.databaseId = 7;
+    user.saveFiles = {{true, songs.file("yours.arr"), 1}, {true, songs.file("unlisted.arr"), 1}};
+    item("mnuSalvaAs")->trigger();
+    EXPECT_EQ(child->Tag.path(), songs.file("yours"));
+    EXPECT_EQ(entry.databaseId, 258);
+    item("mnuSalvaAs")->trigger();
+    EXPECT_EQ(child->Tag.path(), songs.file("unlisted"));
+    EXPECT_EQ(entry.databaseId, 0);
+
+    // Under the same name, and where nothing was saved, it is not looked up again.
+    entry.databaseId = 99;
+    item("mnuSalva")->trigger();
+    item("mnuSalvaAs")->trigger(); // cancelled
+    EXPECT_EQ(entry.databaseId, 99);
+}
