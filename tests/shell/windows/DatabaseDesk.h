@@ -1,0 +1,157 @@
+// The real main window with an arrangement database beside it, and files for it built by hand.
+#pragma once
+
+#include "MainWindowFixture.h"
+
+#include "arrangements/ArrEdit.h"
+#include "database/TvlDBArr.h"
+
+struct IndexRow {
+    std::string name;
+    int id;
+};
+
+/// A database file by hand: records of 26 bytes from offset 52, the map at 25974, the folder at 26971.
+inline std::string database(const std::vector<IndexRow>& rows, std::string folder)
+{
+    std::string file(27221, '\0');
+    file.replace(0, 8, "TvlDBArr");
+    for (std::size_t slot = 0; slot < 997; ++slot)
+        file.replace(52 + slot * 26 + 1, 23, std::string(23, ' '));
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        std::string name = rows[i].name;
+        name.resize(24, ' ');
+        file.replace(52 + i * 26, 24, name);
+        file[52 + i * 26 + 24] = static_cast<char>(rows[i].id % 256);
+        file[52 + i * 26 + 25] = static_cast<char>(rows[i].id / 256);
+        file[25974 + static_cast<std::size_t>(rows[i].id) - 3] = 1;
+    }
+    folder.resize(250, ' ');
+    return file.replace(26971, 250, folder);
+}
+
+/// Row 0 and row 63; both with a user style and a program of bank D.
+inline std::string loadedFile()
+{
+    std::string file = arrangementFile("First");
+    file.replace(32 + 63 * 164, 4, "Last");
+    for (const std::size_t row : {0U, 63U}) {
+        file[32 + row * 164 + 17] = 1; // style number
+        file[32 + row * 164 + 18] = 1; // of the companion file
+        file[32 + row * 164 + 39] = 70;
+        file[32 + row * 164 + 40] = 1;
+    }
+    return file;
+}
+
+inline std::string styles()
+{
+    std::string file = styleFile();
+    for (std::size_t slot = 0; slot < 4; ++slot)
+        file.replace(224 + 1176 * slot, 16, "Style " + std::to_string(slot) + "         ");
+    return file;
+}
+
+class DatabaseDesk : public MainWindow
+{
+protected:
+    DatabaseDesk()
+    {
+        Arr = {};
+        DBArr = {};
+        speak(2);
+    }
+    ~DatabaseDesk() override
+    {
+        window.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        Arr = {};
+        DBArr = {};
+    }
+
+    void putDatabase(const std::vector<IndexRow>& rows) { state.put("TvlDBArr", database(rows, songs.path())); }
+    std::string onDisk() const { return state.get("TvlDBArr"); }
+    ChildWindow* child(const char* name)
+    {
+        for (QMdiSubWindow* one : window->area()->subWindowList())
+            if (one->objectName() == QLatin1String(name) && !one->isHidden())
+                return dynamic_cast<ChildWindow*>(one);
+        return nullptr;
+    }
+    ChildWindow* arrangementWindow(const std::string& stem)
+    {
+        for (QMdiSubWindow* one : window->area()->subWindowList())
+            if (auto* found = dynamic_cast<ChildWindow*>(one);
+                found && found->windowKind() == 19 && found->Tag.stem() == stem && !found->isHidden())
+                return found;
+        return nullptr;
+    }
+    template <typename Control>
+    static Control* control(ChildWindow* parent, const char* name)
+    {
+        auto* found = parent->findChild<Control*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+    static void press(ChildWindow* parent, const char* name)
+    {
+        QTest::mouseClick(control<QPushButton>(parent, name), Qt::LeftButton);
+    }
+    /// Lets events run until no stage timer of the program is enabled.
+    void settle()
+    {
+        EXPECT_TRUE(QTest::qWaitFor(
+            [this] {
+                for (QTimer* one : window->findChildren<QTimer*>())
+                    if (auto* stage = dynamic_cast<StageTimer*>(one); stage && stage->enabled())
+                        return false;
+                return true;
+            },
+            5000));
+    }
+    void open(const std::string& path)
+    {
+        user.files.push_back({true, path, 1, false});
+        item("mnuApriArr")->trigger();
+        settle();
+    }
+    static QStringList rows(ChildWindow* parent)
+    {
+        QStringList texts;
+        const auto* list = control<QListWidget>(parent, "List1");
+        for (int row = 0; row < list->count(); ++row)
+            texts << list->item(row)->text();
+        return texts;
+    }
+    static void clickRow(ChildWindow* parent, int row)
+    {
+        auto* list = control<QListWidget>(parent, "List1");
+        list->scrollToItem(list->item(row));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+    }
+    ChildWindow* openDatabase()
+    {
+        item("mnuWEditDBArr")->trigger();
+        return child("frmEditDBArr");
+    }
+    void find(const QString& text)
+    {
+        if (!child("frmFindID"))
+            item("mnuWFindID")->trigger();
+        control<QLineEdit>(child("frmFindID"), "Text1")->setText(text);
+        press(child("frmFindID"), "CommOK");
+        settle();
+    }
+    /// The messages sent since the last look, long ones as their head and length.
+    Lines sent()
+    {
+        Lines lines;
+        for (const std::string& message : port.messages())
+            lines.push_back(message.size() <= 8
+                                ? hex(message)
+                                : hex(message.substr(0, 5)) + " (" + std::to_string(message.size()) + ")");
+        port.forget();
+        return lines;
+    }
+    static Lines selection(const char* row) { return {"B0 00 00", "B0 20 01", std::string("C0 ") + row}; }
+};
