@@ -24,7 +24,6 @@ namespace
 {
 
 constexpr int InternalRow = 98;
-constexpr int ReadOnlyFile = 17; ///< report code
 
 } // namespace
 
@@ -144,13 +143,7 @@ void frmArrU::List1_DblClick()
         CommEdit_Click();
 }
 
-void frmArrU::List1_Delete()
-{
-    if (Tag.readOnly())
-        ReportError(ReadOnlyFile, arrFileTitle(Tag), {});
-    else if (App.shell)
-        App.shell->cut();
-}
+void frmArrU::List1_Delete() { deleteKey(extensionOf(FileKind::Arr)); }
 
 void frmArrU::CommEdit_Click()
 {

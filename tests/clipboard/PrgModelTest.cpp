@@ -4,7 +4,7 @@
 namespace
 {
 
-constexpr int Sequences = 100000;
+constexpr int Sequences = 40000;
 constexpr int SequencesPerDesk = 50;
 constexpr int FileRowsBase = 30750;
 constexpr int BankRowsBase = 29;
