@@ -69,6 +69,7 @@ std::string ChildCaption(const WindowBuffer& window)
         return fileCaption(window, "File Prg - ", programExtension(window)) + channel(window, FileChannelOffset) +
                mark(window);
     case WindowKind::PrgNew:
+        // Required: the window of a new file keeps this caption when the file has been saved under a name.
         return untitledCaption(window, NewProgramRow, programExtension(window)) + channel(window, FileChannelOffset);
     case WindowKind::StyFile:
         return fileCaption(window, "File Sty - ", ".sty") + mark(window);

@@ -46,7 +46,8 @@ std::string letterOfReference(int bank, int number)
 Choice userChoice(std::string_view tag, int row)
 {
     const std::string_view record = programRecord(tag, row);
-    const std::string name(trimRight(slice(record, PrgLayout::RecordName)));
+    const std::string shown = rowName(slice(record, PrgLayout::RecordName)); // a free record has none
+    const std::string name(trimRight(shown));
     if (!isReference(record))
         return {row, ProgramBank::User, name, "U "};
     const int bank = byteAt(record, PrgLayout::ReferenceBankOffset);
@@ -60,6 +61,7 @@ std::optional<Choice> choiceOf(std::string_view tag, int row)
     if (kind == WindowKind::DrumKits || kind == WindowKind::Percussion) {
         if (row < 0 || row >= DrumKitCount)
             return std::nullopt;
+        // A track names a kit by its place in the list; its program number is for the wire alone.
         return Choice{row, ProgramBank::Drum, drumKitName(row), "Dr "};
     }
     if (!isProgramRow(row))

@@ -53,6 +53,7 @@ void QtProgramWindow::makeControls(QWidget* content, Load load)
     List1 = new RowList(content, QStringLiteral("List1"));
     List1->setFont(QFont(QLatin1String(ListFace), ListPointSize, QFont::Normal));
     List1->setItemDelegate(new RowColumns(List1));
+    connect(this, &QWidget::windowTitleChanged, List1, &QWidget::setAccessibleName);
 
     if (load == Load::Button)
         CommLoad = makeButton(content, "CommLoad", QStringLiteral("&Load Prog"));
@@ -63,6 +64,7 @@ void QtProgramWindow::makeControls(QWidget* content, Load load)
     Combo1 = new QComboBox(content);
     Combo1->setObjectName(QStringLiteral("Combo1"));
     Combo1->setAccessibleName(Label1->text());
+    Combo1->setMaxVisibleItems(Channels);
     for (int channel = 1; channel <= Channels; ++channel)
         Combo1->addItem(QString::number(channel).rightJustified(ChannelWidth));
     Label1->setBuddy(Combo1);
@@ -127,7 +129,6 @@ void QtProgramWindow::fillControls()
     List1->setRows(rows);
     Combo1->setCurrentIndex(programChannel(Tag.bytes()));
     showCaption();
-    List1->setAccessibleName(windowTitle());
 }
 
 void QtProgramWindow::chooseRow()

@@ -1,8 +1,11 @@
-// A narrow window: everything stands below the list.
+// A narrow window: its name stands above the list, since the title bar has no room for it, and all else below.
 #include "programs/frmDrum.h"
 
 #include "toolkit/RowColumns.h"
 #include "toolkit/RowList.h"
+
+#include <QBoxLayout>
+#include <QLabel>
 
 namespace
 {
@@ -27,5 +30,17 @@ void frmDrum::buildControls()
     List1->setFont(small);
     List1->onClick([this] { chooseRow(); });
     layOut(content, Layout::BelowTheList);
+    addHeading(content);
     setContent(content);
+}
+
+void frmDrum::addHeading(QWidget* content) const
+{
+    auto* heading = new QLabel(QString::fromStdString(Tag.path()), content);
+    heading->setObjectName(QStringLiteral("LabelName"));
+    heading->setAlignment(Qt::AlignCenter);
+    QFont bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+    static_cast<QBoxLayout*>(content->layout())->insertWidget(0, heading);
 }

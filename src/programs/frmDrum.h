@@ -11,4 +11,6 @@ public:
 
 private:
     void buildControls();
+    /// The name of the window, "Drum" or "Percussion", above the list.
+    void addHeading(QWidget* content) const;
 };

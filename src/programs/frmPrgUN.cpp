@@ -65,12 +65,17 @@ void frmPrgUN::wireHandlers()
 
 void frmPrgUN::restorePlace()
 {
-    const SessionEntry& place = entry();
-    if (windowKind() == WindowKind::PrgFile && place.width > 0 && place.height > 0) {
+    const TwipsSize size = defaultWindowSize(windowKind());
+    SessionEntry& place = entry();
+    const bool ofTheSlot = windowKind() == WindowKind::PrgFile; // an untitled window has no place to come back to
+    if (ofTheSlot && place.width > 0 && place.height > 0) {
         placeInTwips(place.left, place.top, place.width, place.height);
         return;
     }
-    const TwipsSize size = defaultWindowSize(windowKind());
+    if (ofTheSlot) {
+        place.width = size.width;
+        place.height = size.height;
+    }
     resizeInTwips(size.width, size.height);
 }
 

@@ -50,6 +50,20 @@ TEST_F(PrgFieldAssign_, aUserProgramByItsRecordsName)
     expectAssigned(10, 3, "Sabato Lead", "U 23");
 }
 
+TEST_F(PrgFieldAssign_, aFreeRecordIsTheUserProgramOfItsPlaceAndHasNoName)
+{
+    PrgFieldAssign(63, tag(21));
+    expectAssigned(63, 3, "", "U 88");
+}
+
+TEST_F(PrgFieldAssign_, bytesThatAreNoCharactersAreBlanksInTheName)
+{
+    std::string bytes = tag(21);
+    putRecord(bytes, 8, 0xFF, 9, 9, "A\x01 \x9F\xE0");
+    PrgFieldAssign(8, bytes);
+    expectAssigned(8, 3, "A   \xE0", "U 21");
+}
+
 TEST_F(PrgFieldAssign_, aProgramOfAnUntitledFileIsTheSame)
 {
     std::string bytes = tag(22);

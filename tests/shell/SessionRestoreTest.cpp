@@ -127,8 +127,11 @@ TEST_F(Session, programFilesComeBackByTheirExtensions)
     rememberPrograms(2, "a", 0);
     rememberPrograms(4, "b", 1);
     rememberPrograms(5, "gone", 0);
+    songs.put("short.pgg", programFile().substr(1));
+    rememberPrograms(6, "short", 1);
     ProgramsRestore(maker());
     EXPECT_EQ(made, (Lines{"21 1 a used", "21 2 b used"}));
+    EXPECT_EQ(App.Programs[6].Open, 0);
     EXPECT_EQ(App.Programs[5].Open, 0);
     EXPECT_TRUE(user.warnings.empty());
 }

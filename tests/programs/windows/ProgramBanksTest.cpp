@@ -65,6 +65,7 @@ TEST_F(ProgramBanks, listTheKitsUnderTheSameScheme)
         EXPECT_EQ(list(window)->rowText(8), "21  Brush Kit       ");
         EXPECT_EQ(list(window)->rowText(15), "28  (User 2)        ");
         EXPECT_EQ(title(window), name + std::string(" - MIDI Channel2"));
+        EXPECT_EQ(control<QLabel>(window, "LabelName")->text(), name) << "the narrow title bar cuts the title off";
     }
 }
 
@@ -165,15 +166,29 @@ TEST_F(ProgramBanks, aClickPlaysAtOnceAndAgainOnTheRowAlreadyCurrent)
 
 TEST_F(ProgramBanks, aRightPressAndTheEmptyPartOfTheListDoNothing)
 {
-    ChildWindow* window = openBank(9);
-    window->resize(window->width(), 700);
-    QApplication::processEvents();
-    RowList* rows = list(window);
-    const QPoint below(20, rows->visualItemRect(rows->item(15)).bottom() + 20);
-    ASSERT_TRUE(rows->viewport()->rect().contains(below));
-    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, below);
-    QTest::mouseClick(rows->viewport(), Qt::RightButton, {}, place(window, 3));
-    EXPECT_EQ(sent(), "");
+    for (const int kind : {4, 9}) {
+        ChildWindow* window = openBank(kind);
+        QTest::mouseClick(list(window)->viewport(), Qt::RightButton, {}, place(window, 3));
+        clickBelowTheRows(window);
+        EXPECT_EQ(sent(), "") << kind;
+        clickRow(window, 3);
+        forget();
+        clickBelowTheRows(window);
+        EXPECT_EQ(sent(), "") << kind << ": the row that was chosen before is not played again";
+    }
+}
+
+TEST_F(ProgramBanks, theMonitorShowsWhatAClickSends)
+{
+    for (const int kind : {5, 10}) {
+        ChildWindow* window = openBank(kind);
+        openMonitor();
+        clickRow(window, 2);
+        const Lines words = kind == 5 ? Lines{"B1 00 00", "B1 20 00", "C1 42"} : Lines{"B1 00 00", "B1 20 04", "C1 08"};
+        EXPECT_EQ(diary, (Lines{"log cleared", words[0], words[1], words[2],
+                                "log " + words[0] + " " + words[1] + " " + words[2]}));
+        forget();
+    }
 }
 
 TEST_F(ProgramBanks, theMenusFollowTheRowOfABankOfPrograms)
@@ -198,6 +213,7 @@ TEST_F(ProgramBanks, theChannelBoxStoresAndSendsNothing)
         EXPECT_EQ(window->Tag.at(15), 15);
         EXPECT_EQ(row(kind).Extra, 15);
         EXPECT_TRUE(title(window).ends_with("MIDI Channel16"));
+        EXPECT_EQ(list(window)->accessibleName(), window->windowTitle());
         channelBox(window)->setCurrentIndex(-1);
         EXPECT_EQ(window->Tag.at(15), 15) << "no row is no channel";
         EXPECT_EQ(row(kind).Extra, 15);
@@ -305,7 +321,10 @@ TEST_F(ProgramBanks, nothingIsCutOffAtTheStandardSize)
     for (const int kind : {4, 9}) {
         ChildWindow* window = openBank(kind);
         auto* content = window->widget();
-        for (const char* name : {"List1", "Label1", "Combo1", "CommArrPlay", "CommSongPlay", "CommClose"}) {
+        std::vector<const char*> names{"List1", "Label1", "Combo1", "CommArrPlay", "CommSongPlay", "CommClose"};
+        if (kind == 9)
+            names.push_back("LabelName");
+        for (const char* name : names) {
             auto* one = control<QWidget>(window, name);
             const QRect shown(one->mapTo(content, QPoint(0, 0)), one->size());
             EXPECT_TRUE(content->rect().contains(shown)) << kind << " " << name;

@@ -7,6 +7,7 @@
 #include "files/FileReaders.h"
 #include "files/WindowBuffer.h"
 #include "midi/MIDI.h"
+#include "midi/MsgLog.h"
 #include "programs/ProgramSends.h"
 #include "programs/frmDrum.h"
 #include "programs/frmPcgAE.h"
@@ -71,6 +72,18 @@ struct PickingEditor : FieldTarget {
     void assignStyle(int, int, const std::string&, const std::string&) override { ADD_FAILURE() << "no style here"; }
 };
 
+/// A message monitor that writes into the diary; of a long message the number of its bytes.
+struct DiaryMonitor : MessageMonitor {
+    explicit DiaryMonitor(Lines& book) : diary(book) {}
+    void clear() override { diary.push_back("log cleared"); }
+    void append(const std::string& text) override
+    {
+        diary.push_back("log " + (text.size() > 100 ? "(" + std::to_string((text.size() - 2) / 3) + ")"
+                                                    : text.substr(0, text.find_last_not_of(" \n") + 1)));
+    }
+    Lines& diary;
+};
+
 class ProgramWindows : public testing::Test
 {
 protected:
@@ -102,6 +115,7 @@ protected:
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         StageTimer::setTimeScale(1);
         setFieldTarget(nullptr);
+        MsgLogAttach(nullptr);
         OpenWindows::clear();
         Midi = {};
         Files = {};
@@ -131,6 +145,25 @@ protected:
     {
         Files.PrgBuffer = Programs().bytes;
         return show(new frmPrgUN(22, slot));
+    }
+
+    /// From here on the messages that are logged stand in the diary.
+    void openMonitor()
+    {
+        Midi.MsgLogActive = true;
+        MsgLogAttach(&monitor);
+    }
+    /// A press in the empty part of the list, behind its last row.
+    void clickBelowTheRows(ChildWindow* window)
+    {
+        RowList* rows = list(window);
+        const int last = rows->count() - 1;
+        window->resize(window->width(), rows->count() * rows->sizeHintForRow(0) + 300);
+        QApplication::processEvents();
+        rows->scrollToItem(rows->item(last));
+        const QPoint below(20, rows->visualItemRect(rows->item(last)).bottom() + 20);
+        ASSERT_TRUE(rows->viewport()->rect().contains(below));
+        QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, below);
     }
 
     void forget()
@@ -214,6 +247,7 @@ protected:
     Lines diary;
     DiaryUser user{diary};
     DiaryService port{diary};
+    DiaryMonitor monitor{diary};
     FakeShell shell;
     PickingEditor editor;
     std::unique_ptr<QMdiArea> area;

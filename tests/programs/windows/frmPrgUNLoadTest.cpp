@@ -1,6 +1,7 @@
 // Loading a whole program file into the instrument, and how its window closes.
 #include "ProgramWindows.h"
 
+#include "files/Saving.h"
 #include "instrument/VirtualInstrument.h"
 #include "instrument/VirtualMidiService.h"
 
@@ -100,6 +101,16 @@ TEST_F(PrgLoad, ofAPggBlanksItsReferencesAndOfAPrgNothing)
     settle(window);
     EXPECT_EQ(lastDump(), sentAreas(references().bytes));
     EXPECT_EQ(user.prgLabel, "song.prg");
+}
+
+TEST_F(PrgLoad, theMonitorShowsTheDumpAfterTheModes)
+{
+    frmPrgUN* window = open(songs().bytes);
+    openMonitor();
+    press(window, "CommLoad");
+    settle(window);
+    EXPECT_EQ(diary, (Lines{Notice, "log cleared", SongPlay, "log " + SongPlay, "log cleared", ArrPlay,
+                            "log " + ArrPlay, "log cleared", Dump, "log (14992)", "status"}));
 }
 
 TEST_F(PrgLoad, fromTheMenuGoesTheSameWay)
@@ -254,8 +265,45 @@ TEST_F(PrgLoad, anUntitledFileAsksForANameAndACancelledDialogKeepsTheWindow)
     EXPECT_FALSE(App.Programs[1].used);
 }
 
+TEST_F(PrgLoad, aSaveThatFailsKeepsTheWindow)
+{
+    Files.PrgBuffer = songs().bytes;
+    App.Programs[0].path = run.folder.file("gone/song");
+    frmPrgUN* window = show(new frmPrgUN(21, 1));
+    window->Tag.set(6, 1);
+    user.answers = {Answer::Yes, Answer::No};
+    EXPECT_FALSE(window->unloadChild());
+    EXPECT_EQ(user.warnings.size(), 1U);
+    EXPECT_EQ(window->Tag.at(6), 1) << "still to be saved";
+    EXPECT_TRUE(window->unloadChild());
+}
+
+TEST_F(PrgLoad, aNewFileThatHasItsNameIsSavedThereAtClosingAndKeepsItsCaption)
+{
+    frmPrgUN* window = openChanged(true);
+    user.saveFiles = {{true, run.folder.file("mine.prg"), 3}};
+    ASSERT_EQ(FileSaveAs(window->Tag), 0);
+    window->showCaption();
+    EXPECT_EQ(window->Tag.at(0), 22);
+    EXPECT_EQ(title(window), "New File Program - Untitled.prg (2) - MIDI Channel1");
+    chooseChannel(window, 12);
+    window->Tag.set(6, 1);
+    user.answers = {Answer::Yes};
+    EXPECT_TRUE(window->unloadChild());
+    EXPECT_EQ(user.questions.back().title, "File Program - mine.prg (2)");
+    EXPECT_EQ(user.saveDialogs.size(), 1U) << "no second dialog";
+    EXPECT_EQ(run.folder.get("mine.prg"), Programs("KORG", 12).bytes);
+}
+
 TEST_F(PrgLoad, theSlotKeepsThePlaceForItsNextWindow)
 {
+    App.ScreenTwipsY = 12;
+    openNew(6);
+    EXPECT_EQ(App.Programs[5].width, 0) << "an untitled window leaves the slot's place alone";
+    open(songs().bytes, 5);
+    EXPECT_EQ(App.Programs[4].width, 4600) << "the first window of a slot gives it the standard size";
+    EXPECT_EQ(App.Programs[4].height, 7780);
+    App.ScreenTwipsY = 15;
     frmPrgUN* window = open(songs().bytes);
     EXPECT_EQ(window->positionInTwips().width, 4810);
     EXPECT_EQ(window->positionInTwips().height, 7780);

@@ -215,6 +215,27 @@ TEST_F(PrgWindow, aRightPressIsNoClick)
     EXPECT_EQ(played(window), "");
 }
 
+TEST_F(PrgWindow, theEmptyPartOfTheListPlaysNothing)
+{
+    frmPrgUN* window = openUsual();
+    clickBelowTheRows(window);
+    EXPECT_EQ(played(window), "");
+    clickRow(window, 5);
+    EXPECT_EQ(played(window), selectionOf(5, 2));
+    clickBelowTheRows(window);
+    EXPECT_EQ(played(window), "");
+}
+
+TEST_F(PrgWindow, theMonitorShowsWhatAClickSends)
+{
+    frmPrgUN* window = openUsual();
+    openMonitor();
+    clickRow(window, 4);
+    EXPECT_TRUE(diary.empty()) << "it is sent in a fresh event";
+    settle(window);
+    EXPECT_EQ(diary, (Lines{"log cleared", "B2 00 00", "B2 20 01", "C2 64", "log B2 00 00 B2 20 01 C2 64"}));
+}
+
 TEST_F(PrgWindow, theChannelBoxStoresOnly)
 {
     frmPrgUN* window = openUsual();
@@ -226,6 +247,7 @@ TEST_F(PrgWindow, theChannelBoxStoresOnly)
     after[285] = 9;
     EXPECT_EQ(window->Tag.bytes(), after) << "the file's byte 15, and no mark of a change";
     EXPECT_EQ(title(window), "File Prg - song.pgg (1) - MIDI Channel10");
+    EXPECT_EQ(list(window)->accessibleName(), window->windowTitle());
     EXPECT_TRUE(window->unloadChild());
     EXPECT_TRUE(user.questions.empty());
 }

@@ -204,6 +204,8 @@ TEST_F(ProgramsInShell, aNewProgramFileIsEmptyAndSavedUnderAName)
     choose("mnuSalva");
     EXPECT_EQ(songs.get("mine.prg"), songPrograms().replace(48, 11008, std::string(11008, '\0')));
 
+    EXPECT_EQ(titles(), (Lines{"Nuovo File Program - SenzaNome.prg (1) - MIDI Channel4"}));
+
     openPrograms(songs.file("mine.prg"));
     EXPECT_EQ(warnings(), (Lines{"Apertura di mine|File già aperto"})) << "the window holds it";
     EXPECT_TRUE(window->close());
@@ -292,6 +294,10 @@ TEST_F(ProgramsInShell, theHighlightedFieldOfTheEditorTakesAProgramFromAnyWindow
         ChildWindow* source = child(pick.from);
         clickRow(source, pick.row);
         EXPECT_EQ(hex(Arr.ArrEditBuf.substr(pick.offset, 2)), pick.bytes) << pick.from;
+        const auto track = static_cast<std::size_t>(pick.field / 2 - 1);
+        std::string name = pick.name;
+        name.resize(16, ' ');
+        EXPECT_EQ(Arr.ArrEditBuf.substr(180 + 16 * track, 16), name);
         EXPECT_TRUE(Arr.ArrEditDirty);
         EXPECT_EQ(field->text().toStdString(), pick.name);
         EXPECT_EQ(editor->findChild<QLineEdit*>(QString("Text1(%1)").arg(pick.field + 1))->text().toStdString(),
