@@ -78,6 +78,7 @@ void frmEditDBArr::buildControls()
     auto* content = new QWidget;
     Label4 = makeLabel(content, "Label4");
     Label4->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // a long path must not widen the window
+    Label4->installEventFilter(this);
     auto* lower = new QHBoxLayout;
     lower->setSpacing(Margin);
     lower->addLayout(listColumn(content), 1);
@@ -178,6 +179,8 @@ void frmEditDBArr::fillRows()
     for (const DBArrRow& row : dbArrRows(DBArr.DBArrBuffer))
         rows << QString::number(row.id) + QLatin1Char('\t') + QFile::decodeName(row.name.c_str());
     List1->setRows(rows);
+    for (int row = 0; row < rows.size(); ++row) // a long name is cut in the narrow column
+        List1->item(row)->setToolTip(rows[row].section(QLatin1Char('\t'), 1));
     Label3->setText(QString::number(rows.size()) + QLatin1String(OutOf));
     enableButtons();
 }
@@ -195,11 +198,11 @@ void frmEditDBArr::showFolder()
     Label4->setToolTip(QString::fromStdString(whole));
 }
 
-void frmEditDBArr::resizeEvent(QResizeEvent* event)
+bool frmEditDBArr::eventFilter(QObject* watched, QEvent* event)
 {
-    ChildWindow::resizeEvent(event);
-    if (DBArr.listChanged)
+    if (watched == Label4 && event->type() == QEvent::Resize)
         showFolder();
+    return ChildWindow::eventFilter(watched, event);
 }
 
 int frmEditDBArr::selectedRow() const

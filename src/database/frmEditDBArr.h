@@ -21,7 +21,8 @@ public:
     void unload() override;
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
+    /// The path fits the width that its label has.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     // Construct.

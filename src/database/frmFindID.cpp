@@ -10,11 +10,10 @@
 #include "database/FindID.h"
 #include "toolkit/StageTimer.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 namespace
 {
@@ -23,7 +22,7 @@ constexpr const char* MenuItem = "mnuWFindID"; ///< off while the window is open
 constexpr int CaptionRow = 92;
 constexpr int NoNotice = 0;
 constexpr int OpeningNotice = 6;
-constexpr int Margin = 12;
+constexpr int Margin = 8;
 
 } // namespace
 
@@ -57,15 +56,16 @@ void frmFindID::buildControls()
     CommOK = new QPushButton(QStringLiteral("&OK"), content);
     CommOK->setObjectName(QStringLiteral("CommOK"));
 
-    auto* row = new QHBoxLayout;
-    row->setSpacing(Margin / 2);
-    row->addWidget(Label1);
-    row->addWidget(Text1, 1);
-    row->addWidget(CommOK);
-    auto* layout = new QVBoxLayout(content);
+    // One above the other: the window's own size is narrow and high.
+    auto* layout = new QGridLayout(content);
     layout->setContentsMargins(Margin, Margin, Margin, Margin);
-    layout->addLayout(row);
-    layout->addStretch(1);
+    layout->setHorizontalSpacing(Margin / 2);
+    layout->setVerticalSpacing(Margin);
+    layout->addWidget(Label1, 0, 0);
+    layout->addWidget(Text1, 0, 1);
+    layout->addWidget(CommOK, 1, 1);
+    layout->setColumnStretch(1, 1);
+    layout->setRowStretch(2, 1);
     setContent(content);
 }
 
