@@ -3,6 +3,7 @@
 
 #include "core/Dichiarazioni.h"
 #include "core/PathNames.h"
+#include "core/RandomFile.h"
 #include "core/Reports.h"
 #include "core/Strings.h"
 #include "core/UserInterface.h"
@@ -143,6 +144,14 @@ constexpr std::array ClosingRows = {
     ClosingRow{WindowKind::GlobalFile, ModifiedOffset, SaveWindow},
 };
 
+/// A file opened read only is not written, though the disk would let it: the answer is the one of a file that the disk
+/// protects. The window stays, so that Save As can keep the changes.
+bool refuseReadOnly()
+{
+    static_cast<void>(FileErrReport(FileError::AccessDenied));
+    return false;
+}
+
 } // namespace
 
 int FileSave(WindowBuffer& tag)
@@ -189,6 +198,8 @@ bool AgreeToClose(WindowBuffer& tag, const std::string& title)
         if (row.kind != tag.kind() || tag.at(row.modifiedOffset) == 0)
             continue;
         const int answer = AskSaveCancel(FileChanged, title);
+        if (answer == Answer::Yes && tag.readOnly())
+            return refuseReadOnly();
         return answer == Answer::No || (answer == Answer::Yes && row.save(tag) == SaveResult::Done);
     }
     return true;

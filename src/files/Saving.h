@@ -30,5 +30,5 @@ inline constexpr int NotSaved = 1; ///< cancelled or failed; what is to be told 
 [[nodiscard]] int ArrClosingSave(WindowBuffer& tag);
 
 /// The closing question of a window with files, asked under `title` when it is modified. True when the window may
-/// close: nothing to save, No, or Yes and everything is on disk.
+/// close: nothing to save, No, or Yes and everything is on disk. Yes is refused for a file opened read only.
 [[nodiscard]] bool AgreeToClose(WindowBuffer& tag, const std::string& title);

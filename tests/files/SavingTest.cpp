@@ -424,3 +424,23 @@ TEST_F(ClosingQuestion, aFailedSaveKeepsTheWindow)
         EXPECT_EQ(user.warnings.back().text, "Path not found");
     }
 }
+
+TEST_F(ClosingQuestion, yesIsRefusedForAFileThatWasOpenedReadOnly)
+{
+    for (Row& row : rows()) {
+        if (row.file == nullptr)
+            continue;
+        row.tag.set(1, 1);
+        const ByteBuffer before = row.tag.bytes();
+        folder.put(row.file, "old");
+        user.answers = {6, 7};
+        user.warnings.clear();
+        EXPECT_FALSE(AgreeToClose(row.tag, "title")) << row.name;
+        ASSERT_EQ(user.warnings.size(), 1u) << row.name;
+        EXPECT_EQ(user.warnings[0].title, "Tarvolyne - Tarvolyne Console ");
+        EXPECT_EQ(user.warnings[0].text, "Read only file");
+        EXPECT_TRUE(row.tag.bytes() == before) << row.name;
+        EXPECT_EQ(folder.get(row.file), "old") << row.name;
+        EXPECT_TRUE(AgreeToClose(row.tag, "title")) << row.name << ": No lets it go";
+    }
+}
