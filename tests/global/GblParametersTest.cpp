@@ -247,6 +247,66 @@ TEST_F(GblTableTest, readsAndWritesAShortBlockWithinItsLength)
     EXPECT_EQ(block, std::string(100, '\x01')) << "what has no place is not written";
 }
 
+TEST_F(GblTableTest, hasEveryRowOfEveryList)
+{
+    struct ListRow {
+        GblField field;
+        const char* rows; ///< with a bar behind each
+    };
+    const char* const scale = "EQUAL TEMP|EQUAL TEMP 2|PURE MAJOR|PURE MINOR|ARABIC|PYTHAGOREAN|WERKMEISTER|KIRNBERGER|"
+                              "SLENDRO|PELOG|USER SCALE 1|USER SCALE 2|USER SCALE 3|USER SCALE 4|USER SCALE 5|"
+                              "USER SCALE 6|USER SCALE 7|USER SCALE 8|USER SCALE 9|USER SCALE 10|USER SCALE 11|"
+                              "USER SCALE 12|USER SCALE 13|USER SCALE 14|";
+    const char* const key = " C| C#| D| D#| E| F| F#| G| G#| A| A#| B|";
+    const char* const function =
+        "OFF|START/STOP|SYNC START|SYNC STOP|RESET|TAP TEMPO|TEMPO LOCK|INTRO/ENDING 1|INTRO/ENDING 2|FILL 1|FILL 2|"
+        "VARIATION 1|VARIATION 2|VARIATION 3|VARIATION 4|CHORD MEMORY|BASS INVERSION|SCALE CHANGE|ARR/STY UP|"
+        "ARR/STY DOWN|PROGRAM UP|PROGRAM DOWN|VARIATION UP|VARIATION DOWN|PUNCH IN/OUT|EFFECT 1 ON/OFF|"
+        "EFFECT 2 ON/OFF|DRUM MUTE|PERC MUTE|BASS MUTE|ACC1 MUTE|ACC2 MUTE|ACC3 MUTE|LOW HARM MEMORY|"
+        "SUSTAIN ON/OFF|FADE IN/OUT|ENSEMBLE ON/OFF|QUARTER TONE|DAMPER ON/OFF|CHORD LATCH ON/OFF|ACC1-3 MUTE|"
+        "LOW/UP1/UP2 MUTE|KEYBOARD SET UP|KEYBOARD SET DOWN|C BUTTON ON/OFF|KB VOLUME|MASTER VOLUME|EXPRESSION|"
+        "VDF CUTOFF|EFFECT CONTROL|DATA ENTRY|A/B FADER|";
+    const ListRow lists[] = {
+        {GblField::OctaveUpper, " U+2| U+1| U+0| U-1| U-2|"},
+        {GblField::OctaveLower, " L+2| L+1| U+0| L-1| L-2|"},
+        {GblField::VelocityCurve, " 1| 2| 3| 4| 5| 6| 7| 8|"},
+        {GblField::AfterTouchCurve, " 1| 2| 3| 4| 5| 6| 7| 8|"},
+        {GblField::JsLow, " PRG| DIS|"},
+        {GblField::JsUp1, " PRG| DIS|"},
+        {GblField::JsUp2, " PRG| DIS|"},
+        {GblField::EchoBack, " OFF| IN 1| IN 2|"},
+        {GblField::ChordRecognition, "Fingered1|Fingered2|One Finger|"},
+        {GblField::MainScaleType, scale},
+        {GblField::SubScaleType, scale},
+        {GblField::MainScaleKey, key},
+        {GblField::SubScaleKey, key},
+        {GblField::AssignablePedal, function},
+        {GblField::ExtControllerA, function},
+        {GblField::ExtControllerB, function},
+        {GblField::ExtControllerC, function},
+        {GblField::ExtControllerD, function},
+        {GblField::ExtControllerE, function},
+        {GblField::HarmonyOctave, " 3| 2| 1| 0| -1| -2| -3|"},
+        {GblField::HarmonyChannelArr, " OFF| 1| 2| 3| 4| 5| 6| 7| 8| 9| 10| 11| 12| 13| 14| 15| 16|"},
+        {GblField::HarmonyTrack, " OFF| DRUM| PERC| BASS| ACC1| ACC2| ACC3| UP1| LOW/UP2| ETr1| ETr2| ETr3| ETr4| ETr5|"
+                                 " ETr6| ETr7| ETr8|"},
+        {GblField::HarmonyChannelSong,
+         " OFF| MIDI Ch01| MIDI Ch02| MIDI Ch03| MIDI Ch04| MIDI Ch05| MIDI Ch06| MIDI Ch07| MIDI Ch08| MIDI Ch09|"
+         " MIDI Ch10| MIDI Ch11| MIDI Ch12| MIDI Ch13| MIDI Ch14| MIDI Ch15| MIDI Ch16| Song Ch01| Song Ch02|"
+         " Song Ch03| Song Ch04| Song Ch05| Song Ch06| Song Ch07| Song Ch08| Song Ch09| Song Ch10| Song Ch11|"
+         " Song Ch12| Song Ch13| Song Ch14| Song Ch15| Song Ch16| Keyboard|"}};
+    std::size_t listed = 0;
+    for (const ListRow& list : lists) {
+        std::string rows;
+        for (const std::string_view row : gblParameter(list.field).list)
+            rows.append(row).append("|");
+        EXPECT_EQ(rows, list.rows) << name(list.field);
+    }
+    for (int field = 0; field < static_cast<int>(GblField::Count); ++field)
+        listed += gblParameter(static_cast<GblField>(field)).list.empty() ? 0 : 1;
+    EXPECT_EQ(listed, std::size(lists)) << "no list is left out";
+}
+
 TEST_F(GblTableTest, namesTheRowsAsThePanelDoes)
 {
     const auto row = [](GblField field, std::size_t place) { return gblParameter(field).list[place]; };

@@ -1,27 +1,6 @@
 // The global window's life: opening, buttons, resets, channels, closing; and events in any order.
 #include "GblWindow.h"
 
-#include <QGroupBox>
-
-namespace
-{
-
-void expectNamed(const QWidget* control, std::set<std::string>& names)
-{
-    const std::string name = control->objectName().toStdString();
-    EXPECT_FALSE(name.empty()) << control->metaObject()->className();
-    EXPECT_TRUE(names.insert(name).second) << name << " stands twice";
-}
-
-bool isControl(const QWidget* widget)
-{
-    return qobject_cast<const QComboBox*>(widget) || qobject_cast<const QSlider*>(widget) ||
-           qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QLabel*>(widget) ||
-           qobject_cast<const QGroupBox*>(widget) || qobject_cast<const QTabWidget*>(widget);
-}
-
-} // namespace
-
 TEST_F(GblWindow, opensAFileAtTheTopLeftInItsStandardSize)
 {
     App.Globals[2].readOnly = true;
@@ -59,41 +38,6 @@ TEST_F(GblWindow, theInstrumentsWindowOpensWhereItStood)
     EXPECT_EQ(App.WinPos[14].width, 9900);
     EXPECT_EQ(App.WinPos[14].height, 6000);
     EXPECT_EQ(App.WinPos[14].Open, 0);
-}
-
-TEST_F(GblWindow, allControlsHaveNamesAndWords)
-{
-    open();
-    std::set<std::string> names;
-    for (const QWidget* widget : window->widget()->findChildren<QWidget*>()) {
-        if (!isControl(widget) || widget->objectName().startsWith("qt_") || widget->inherits("QToolButton"))
-            continue;
-        expectNamed(widget, names);
-        if (!qobject_cast<const QComboBox*>(widget) && !qobject_cast<const QSlider*>(widget))
-            continue;
-        bool spoken = !widget->accessibleName().isEmpty();
-        for (const QLabel* text : window->findChildren<QLabel*>())
-            spoken = spoken || (text->buddy() == widget && !text->text().isEmpty());
-        EXPECT_TRUE(spoken) << widget->objectName().toStdString();
-    }
-    EXPECT_EQ(slider("VScroll2(13)")->accessibleName(), "User Scale 2, C#");
-    const auto* pages = part<QTabWidget>("SSTab1");
-    ASSERT_EQ(pages->count(), 4);
-    EXPECT_EQ(pages->tabText(0), "General");
-    EXPECT_EQ(pages->tabText(1), "User Scale 1, 2");
-    EXPECT_EQ(pages->tabText(2), "User Scale 3, 4");
-    EXPECT_EQ(pages->tabText(3), "Harmony, MIDI");
-    for (const char* frame : {"Frame1", "Frame2", "Frame3", "Frame4", "Frame5(0)", "Frame5(3)", "Frame6", "Frame7"})
-        EXPECT_NE(window->findChild<QGroupBox*>(frame), nullptr) << frame;
-}
-
-TEST_F(GblWindow, allOfTheFirstPageStandsInTheStandardSize)
-{
-    open();
-    const QWidget* page = part<QTabWidget>("SSTab1")->widget(0);
-    const auto* content = page->findChild<QGroupBox*>("Frame1")->parentWidget();
-    EXPECT_LE(content->minimumSizeHint().width(), page->width());
-    EXPECT_LE(content->minimumSizeHint().height(), page->height());
 }
 
 TEST_F(GblWindow, aRightPressOpensTheEditMenu)
@@ -255,6 +199,29 @@ TEST_F(GblWindow, aChangedFileAsksAndStaysOnCancel)
     EXPECT_TRUE(window->unloadChild());
     settle();
     EXPECT_FALSE(run.folder.has("stage1.gbl")) << "No saves nothing";
+    EXPECT_FALSE(App.Globals[1].used);
+}
+
+TEST_F(GblWindow, aFileOpenedReadOnlyIsHeardButNeverWritten)
+{
+    App.Globals[1].readOnly = true;
+    const std::string onDisk = gblFile();
+    run.folder.put("stage1.gbl", onDisk);
+    open();
+    key("GblCheck1(0)", Qt::Key_Space);
+    EXPECT_EQ(sent().size(), 1U) << "a file's window is a live one, read only or not";
+    EXPECT_EQ(mark(), 1);
+    run.user.answers = {Answer::Yes, Answer::Cancel, Answer::No};
+    EXPECT_FALSE(window->unloadChild());
+    ASSERT_EQ(run.user.questions.size(), 1U);
+    EXPECT_EQ(run.user.questions[0].title, "File Gbl - stage1.gbl (1)Read Only");
+    ASSERT_EQ(run.user.warnings.size(), 1U);
+    EXPECT_EQ(run.user.warnings[0].text, "Read only file");
+    EXPECT_EQ(hex(run.folder.get("stage1.gbl")), hex(onDisk));
+    EXPECT_EQ(mark(), 1) << "it is still to be saved, under another name";
+    EXPECT_FALSE(window->unloadChild());
+    EXPECT_TRUE(window->unloadChild());
+    EXPECT_EQ(hex(run.folder.get("stage1.gbl")), hex(onDisk));
     EXPECT_FALSE(App.Globals[1].used);
 }
 
