@@ -10,8 +10,28 @@
 
 namespace
 {
+
 constexpr int CloseRow = 8;
+constexpr int LineCharacters = 36; ///< of the label, in the width of an "n"
+
+/// The text with places to break in its long words: the names of files have no blanks as a rule.
+QString breakable(const QString& text)
+{
+    constexpr QChar BreakHere(0x200B); // takes no room
+    QString broken;
+    int run = 0;
+    for (const QChar character : text) {
+        if (run == LineCharacters) {
+            broken += BreakHere;
+            run = 0;
+        }
+        broken += character;
+        run = character.isSpace() ? 0 : run + 1;
+    }
+    return broken;
 }
+
+} // namespace
 
 frmAvviso2::frmAvviso2(QWidget* owner, const QString& caption, const QString& text) : QDialog(owner)
 {
@@ -20,10 +40,11 @@ frmAvviso2::frmAvviso2(QWidget* owner, const QString& caption, const QString& te
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(24, 20, 24, 16);
     column->setSpacing(16);
-    Label1 = new QLabel(text, this);
+    Label1 = new QLabel(breakable(text), this);
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setTextFormat(Qt::PlainText);
-    Label1->setMinimumWidth(Label1->fontMetrics().horizontalAdvance(QLatin1Char('n')) * 36);
+    Label1->setWordWrap(true);
+    Label1->setMinimumWidth(Label1->fontMetrics().horizontalAdvance(QLatin1Char('n')) * LineCharacters);
     column->addWidget(Label1);
     CommClose = new QPushButton(QString::fromUtf8(ResText(CloseRow).c_str()), this);
     CommClose->setObjectName(QStringLiteral("CommClose"));

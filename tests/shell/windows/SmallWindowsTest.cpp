@@ -63,6 +63,20 @@ TEST(NoticeWindow, standsOverTheMiddleOfTheMainWindowAndClosesByItsButton)
     EXPECT_LE((centre - owner.geometry().center()).manhattanLength(), 2);
 }
 
+TEST(NoticeWindow, breaksANameThatIsLongerThanALine)
+{
+    App = {};
+    const QString name(230, QLatin1Char('w'));
+    frmAvviso2 notice(nullptr, name + ".sty", "Formato dati " + name + " errato");
+    notice.show();
+    const auto* label = notice.findChild<QLabel*>("Label1");
+    EXPECT_EQ(label->text().remove(QChar(0x200B)), "Formato dati " + name + " errato");
+    EXPECT_LE(notice.width(), 640);
+    EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+    EXPECT_LE(label->fontMetrics().horizontalAdvance(QString(36, QLatin1Char('w'))), label->width());
+    EXPECT_TRUE(notice.rect().contains(notice.findChild<QPushButton*>("CommClose")->geometry()));
+}
+
 TEST(NoticeWindow, speaksTheLanguageOfTheRun)
 {
     App = {};
