@@ -1,4 +1,4 @@
-// The monitor's text takes a dump of 21666 bytes as one block, so it is laid out without looking for words to break at.
+// A dump of 21666 bytes is one block of the text. It is laid out when it is appended, and nothing is kept to undo it.
 #include "midi/frmMsgEx.h"
 
 #include "core/Dichiarazioni.h"
@@ -9,7 +9,6 @@
 #include <QFontDatabase>
 #include <QPlainTextEdit>
 #include <QScrollBar>
-#include <QTextOption>
 #include <algorithm>
 
 namespace

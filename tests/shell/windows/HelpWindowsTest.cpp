@@ -8,8 +8,10 @@
 #include "shell/frmSplash.h"
 #include "support/RecordingMidiService.h"
 
+#include <QFile>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QTextBlock>
 
 namespace
 {
@@ -56,6 +58,51 @@ TEST_F(HelpWindows, theGuideIsShownInTheLanguageInUse)
     guide = opened("mnuGuida", "frmGuida");
     ASSERT_TRUE(guide);
     EXPECT_EQ(text(guide), "The guide\n");
+}
+
+TEST_F(HelpWindows, theGuidesOfTheProgramAreShownWholeAndNoLineOfThemIsBroken)
+{
+    App.PathGuideIt = TARVOLYNE_SOURCE_DIR "/data/Tarvolyne_GuidaUtente.txt";
+    App.PathGuideEn = TARVOLYNE_SOURCE_DIR "/data/Tarvolyne_UserGuide.txt";
+    App.ScreenTwipsX = App.ScreenTwipsY = 15;
+    start();
+    for (const int language : {1, 2}) {
+        App.Language = language;
+        const QPointer<ChildWindow> guide = opened("mnuGuida", "frmGuida");
+        ASSERT_TRUE(guide);
+        QFile file(QString::fromStdString(language == 1 ? App.PathGuideIt : App.PathGuideEn));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QString whole = QString::fromUtf8(file.readAll());
+        EXPECT_GT(whole.size(), 30000);
+        EXPECT_TRUE(text(guide) == whole) << language;
+        const auto* box = guide->findChild<QPlainTextEdit*>("Text1");
+        EXPECT_EQ(box->size(), guide->widget()->size());
+        for (QTextBlock line = box->document()->begin(); line.isValid(); line = line.next())
+            ASSERT_LE(box->fontMetrics().horizontalAdvance(line.text()) + 8, box->viewport()->width())
+                << line.text().toStdString();
+        guide->unloadChild();
+    }
+}
+
+TEST_F(HelpWindows, theTextsFollowTheirWindows)
+{
+    start();
+    struct Row {
+        const char* menu;
+        const char* name;
+    };
+    for (const Row& row : {Row{"mnuGuida", "frmGuida"}, Row{"mnuMsgEx", "frmMsgEx"}}) {
+        ChildWindow* child = opened(row.menu, row.name);
+        const auto* box = child->findChild<QPlainTextEdit*>("Text1");
+        for (const int width : {280, 360}) {
+            child->resize(width, 240);
+            EXPECT_EQ(box->geometry(), child->contentsRect().adjusted(0, box->y() - child->contentsRect().y(), 0, 0))
+                << row.name;
+            EXPECT_GT(box->width(), width - 20) << row.name;
+            EXPECT_GT(box->height(), 180) << row.name;
+        }
+        EXPECT_TRUE(child->unloadChild());
+    }
 }
 
 TEST_F(HelpWindows, theGuideKeepsItsColumnsOnBothKindsOfScreen)
@@ -115,6 +162,54 @@ TEST_F(HelpWindows, theAboutWindowNamesTheVersionAndThePort)
     QTest::mouseClick(about->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
     EXPECT_EQ(App.WinPos[28].Open, 0);
     EXPECT_EQ(App.OtherCount, 0);
+}
+
+TEST_F(HelpWindows, theAboutWindowIsOneAndSpeaksTheLanguageOfTheRun)
+{
+    struct Row {
+        int base;
+        const char* title;
+        const char* version;
+        const char* output;
+        const char* begins;
+    };
+    for (const Row& row : {Row{0, "Informazioni su Tarvolyne", "Versione ", "\nNessuna uscita MIDI in uso", "Editor, "},
+                           Row{200, "About Tarvolyne", "Version ", "\nNo MIDI output in use", "Editor, librarian"}}) {
+        App.LanguageBase = row.base;
+        App.WinPos[28] = {};
+        start();
+        const QPointer<ChildWindow> about = opened("mnuInfo", "frmAbout");
+        ASSERT_TRUE(about);
+        EXPECT_EQ(about->windowTitle(), row.title);
+        EXPECT_TRUE(about->findChild<QLabel*>("lblVersion")->text().startsWith(row.version));
+        EXPECT_TRUE(about->findChild<QLabel*>("lblVersion")->text().endsWith(row.output));
+        EXPECT_TRUE(about->findChild<QLabel*>("lblDescription")->text().startsWith(row.begins));
+        EXPECT_FALSE(about->findChild<QLabel*>("lblDisclaimer")->text().isEmpty());
+        for (const char* name : {"lblTitle", "lblDescription", "lblVersion", "lblDisclaimer"}) {
+            const auto* label = about->findChild<QLabel*>(name);
+            EXPECT_GE(label->height(), label->heightForWidth(label->width())) << name << " is cut off";
+        }
+        EXPECT_EQ(opened("mnuInfo", "frmAbout"), about);
+        EXPECT_EQ(App.OtherCount, 1);
+        about->placeInTwips(300, 150, 7500, 4800);
+        EXPECT_TRUE(about->unloadChild());
+        EXPECT_EQ(App.WinPos[28].left, 300);
+        EXPECT_EQ(App.WinPos[28].width, 7500);
+        window.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        App.AppClosing = false;
+    }
+}
+
+TEST(ReadyNotice, closedWithoutAButtonItAnswersNothing)
+{
+    App = {};
+    frmAvviso1 notice(nullptr, "Tarvolyne", "Salvare le modifiche ?");
+    notice.show();
+    AvvisoAnswer = 9;
+    QTest::keyClick(&notice, Qt::Key_Escape);
+    EXPECT_FALSE(notice.isVisible());
+    EXPECT_EQ(AvvisoAnswer, 9);
 }
 
 TEST(ReadyNotice, eachButtonStoresItsAnswerAndCloses)
@@ -186,12 +281,41 @@ TEST_F(HelpWindows, theMonitorNeverGrowsBeyondItsLargestSize)
     monitor->resize(300, 250); // pixels of 15 twips
     EXPECT_EQ(App.WinPos[16].width, 4500);
     EXPECT_EQ(App.WinPos[16].height, 3750);
+    EXPECT_EQ(App.WinPos[16].Open, 1);
     monitor->resize(600, 250);
     EXPECT_TRUE(monitor->hasSizeInTwips(5760, 3750));
     EXPECT_EQ(App.WinPos[16].width, 5760);
     monitor->resize(300, 600);
     EXPECT_TRUE(monitor->hasSizeInTwips(4500, 8000));
     EXPECT_EQ(App.WinPos[16].height, 8000);
+}
+
+TEST_F(HelpWindows, theMonitorOpensWhereItStoodAndIsGoneAfterTheExit)
+{
+    App.WinPos[16] = {450, 300, 4500, 3000, 0, 0};
+    start();
+    const QPointer<ChildWindow> monitor = opened("mnuMsgEx", "frmMsgEx");
+    EXPECT_EQ(monitor->positionInTwips().left, 450);
+    EXPECT_EQ(monitor->positionInTwips().top, 300);
+    EXPECT_TRUE(monitor->hasSizeInTwips(4500, 3000));
+    monitor->placeInTwips(600, 150, 5250, 4500);
+    ASSERT_TRUE(window->close());
+    EXPECT_EQ(App.WinPos[16].left, 600);
+    EXPECT_EQ(App.WinPos[16].top, 150);
+    EXPECT_EQ(App.WinPos[16].width, 5250);
+    EXPECT_EQ(App.WinPos[16].height, 4500);
+    EXPECT_EQ(App.WinPos[16].Open, 0) << "it does not come back by itself";
+}
+
+TEST_F(HelpWindows, aHundredDumpsInARowLeaveTheLastOneWhole)
+{
+    start();
+    const ChildWindow* monitor = opened("mnuMsgEx", "frmMsgEx");
+    for (int dump = 0; dump < 100; ++dump) {
+        MsgLogAdd("");
+        MsgLogAdd(std::string(21666, static_cast<char>(dump)));
+    }
+    EXPECT_EQ(text(monitor), QStringLiteral("63 ").repeated(21666) + "\n\n");
 }
 
 TEST_F(HelpWindows, aDumpInTheMonitorIsCutAfterItsFirst21666Bytes)

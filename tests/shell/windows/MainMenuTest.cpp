@@ -288,6 +288,31 @@ TEST_F(MainWindow, anotherLanguageIsToldInThePresentOneAndChangesNoWord)
     EXPECT_TRUE(item("mnuInglese")->isChecked());
     EXPECT_FALSE(item("mnuItaliano")->isChecked());
     EXPECT_EQ(item("mnuApriArr")->text(), "&Apri Arr");
+    item("mnuInglese")->trigger();
+    EXPECT_EQ(warnings().size(), 1U) << "it is chosen already";
+    item("mnuItaliano")->trigger();
+    EXPECT_EQ(warnings().size(), 2U);
+    EXPECT_EQ(warnings().back(), "Cambio lingua|Il cambio avrà effetto alla prossima esecuzione del programma");
+    EXPECT_EQ(App.Language, 1);
+}
+
+TEST_F(MainWindow, aChangeOfLanguageKeepsAllMenusAsTheyAre)
+{
+    App.Language = 2;
+    App.LanguageBase = 200;
+    start();
+    const auto words = [this] {
+        QStringList texts;
+        for (const QAction* action : window->findChildren<QAction*>())
+            texts << action->objectName() + QLatin1Char('=') + action->text();
+        return texts;
+    };
+    const QStringList before = words();
+    item("mnuItaliano")->trigger();
+    EXPECT_EQ(warnings(), (Lines{"Change language|The change will take place next time you will run the programme"}))
+        << "told in the present language";
+    EXPECT_EQ(words(), before);
+    EXPECT_EQ(App.LanguageBase, 200);
 }
 
 TEST_F(MainWindow, theModeItemsSendTheirMessages)
