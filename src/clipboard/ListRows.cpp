@@ -49,9 +49,9 @@ RowPlace rowPlaceOf(int windowKind)
 void keepRows(ByteBuffer& buffer, const ListRows& rows)
 {
     const RowPlace place = rowPlaceOf(byteAt(buffer, WindowLayout::KindOffset));
-    const auto needed = static_cast<std::size_t>(place.base + place.count * WindowLayout::RowSize);
-    if (buffer.size() < needed)
-        buffer.resize(needed, ' ');
+    const int needed = place.base + place.count * WindowLayout::RowSize;
+    if (lengthOf(buffer) < needed)
+        buffer.resize(static_cast<std::size_t>(needed), ' ');
     for (int index = 0; index < place.count; ++index) {
         const int offset = offsetOfRow(buffer, index);
         const bool shown = index < static_cast<int>(rows.size());

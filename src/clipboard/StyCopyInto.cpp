@@ -83,9 +83,9 @@ int StyCopyInto(int& mode, int srcSlot, std::string_view srcImage, int dstSlot, 
         return StyCopyResult::GroupTooLong;
 
     const ByteBuffer block = blockOf(srcSlot, srcImage);
-    const auto needed = static_cast<std::size_t>(offset + oldLength);
-    if (dstImage.size() < needed) // a damaged file: what its table promises reads as zeros
-        dstImage.resize(needed, '\0');
+    const int needed = offset + oldLength;
+    if (lengthOf(dstImage) < needed) // a damaged file: what its table promises reads as zeros
+        dstImage.resize(static_cast<std::size_t>(needed), '\0');
     dstImage.replace(static_cast<std::size_t>(offset), static_cast<std::size_t>(oldLength), block);
     putWord16LowFirst(dstImage, lengthOffset(slot), length);
     mode = slot;
