@@ -2,6 +2,8 @@
 #include "tools/FactoryBanks.h"
 #include "tools/SampleFiles.h"
 
+#include "files/ArrLayout.h"
+
 namespace
 {
 
@@ -105,5 +107,13 @@ std::vector<Arrangement> rowsOf(const SongRow (&songs)[Count])
 std::vector<Arrangement> songRows() { return rowsOf(Songs); }
 std::vector<Arrangement> encoreRows() { return rowsOf(Encores); }
 
-ByteBuffer songArrangements() { return arrangementFile(songRows()); }
+ByteBuffer songArrangements()
+{
+    // A refresh of the arrangement database lets a file stay whose first name stands once more where no parameter
+    // stands; this sample has it so, the other one has not.
+    constexpr int NameOnceMore = 672, Compared = 10;
+    ByteBuffer file = arrangementFile(songRows());
+    putBytes(file, NameOnceMore, std::string(slice(file, {ArrLayout::Rows.offset, Compared})));
+    return file;
+}
 ByteBuffer encoreArrangements() { return arrangementFile(encoreRows()); }

@@ -261,3 +261,12 @@ TEST(GeneratedSamples, areTheSameAtEveryRun)
     EXPECT_EQ(encorePrograms(), generated("samples/encore.pgg"));
     EXPECT_EQ(studioGlobal(), generated("samples/studio.gbl"));
 }
+
+TEST(GeneratedSamples, oneStaysInARefreshOfTheDatabaseAndOneGoes)
+{
+    const std::string song = generated("samples/song.arr");
+    EXPECT_EQ(song.substr(32, 10), "Aperitivo ");
+    EXPECT_EQ(song.substr(672, 10), "Aperitivo ");
+    const std::string encore = generated("samples/encore.arr");
+    EXPECT_NE(encore.substr(32, 10), encore.substr(672, 10));
+}
