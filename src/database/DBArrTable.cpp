@@ -96,7 +96,7 @@ int DBArrTable::sortedPlace(const Key& key) const
 void DBArrTable::move(int fromIndex, int toIndex, int count)
 {
     char* const records = bytes_.data() + record(FirstSlot).offset;
-    const auto bytesOf = [](int index) { return static_cast<std::size_t>(index * RecordSize); };
+    const auto bytesOf = [](int index) { return static_cast<std::size_t>(index) * std::size_t{RecordSize}; };
     std::memmove(records + bytesOf(toIndex), records + bytesOf(fromIndex), bytesOf(count));
 }
 
