@@ -27,7 +27,8 @@ inline constexpr int ArrWindowPause = 1000;  ///< the same in the arrangement wi
 } // namespace StyleLoadTiming
 
 /// Composes the message of group 0 to 3 of a window buffer in the SysEx output string. 0, or 1 when the group cannot
-/// be built (a slot is absent or outside the buffer, or an offset passes 65535): then nothing has changed.
+/// be built (a slot is absent, or an offset passes 65535): then nothing has changed. Blocks that the buffer does not
+/// hold whole go out as far as they are there.
 // F0 42 3g 4D 65 <packed> F7
 [[nodiscard]] int StyGroupBuild(std::string_view buffer, int group);
 

@@ -74,7 +74,7 @@ TEST_F(StyFieldAssignment, takesAll128FactoryStyles)
         const std::string code{static_cast<char>('1' + place / 8), static_cast<char>('1' + place % 8)};
         ASSERT_EQ(field.taken.size(), 1U);
         EXPECT_EQ(field.taken[0], (EditorField::Style{index, 0, "Style " + std::to_string(index),
-                                                std::string("Style (") + (upper ? "B" : "A") + code + ")"}));
+                                                      std::string("Style (") + (upper ? "B" : "A") + code + ")"}));
     }
 }
 
@@ -101,7 +101,8 @@ TEST_F(StyFieldAssignment, anEmptyAndAnAbsentSlotAreChoicesToo)
 {
     StyFieldAssign(3, userTag(23, emptyStyles()));
     StyFieldAssign(18, userTag(23, emptyStyles()));
-    EXPECT_EQ(field.taken, (std::vector<EditorField::Style>{{3, 1, "- empty -", "Style (U14)"}, {15, 1, "", "Style (U28)"}}));
+    EXPECT_EQ(field.taken,
+              (std::vector<EditorField::Style>{{3, 1, "- empty -", "Style (U14)"}, {15, 1, "", "Style (U28)"}}));
 }
 
 TEST_F(StyFieldAssignment, rowsWithoutAStyleAreNoChoice)

@@ -90,17 +90,50 @@ TEST_F(StyGroupBuild_, namesDoNotMatter)
     EXPECT_EQ(StyGroupBuild(bytes, 2), 0);
 }
 
-TEST_F(StyGroupBuild_, refusesABlockThatTheFileDoesNotHoldWhole)
+TEST_F(StyGroupBuild_, aDamagedFilesGroupGoesOutWithTheTablesDescriptorsAndWithWhatIsThere)
+{
+    // Four blocks of 100, of which the file holds the first, and 37 bytes of the second.
+    std::string bytes = buffer(23, {100, 100, 100, 100, 50, 50, 50, 50});
+    bytes.resize(669 + 224 + 137);
+    ASSERT_EQ(StyGroupBuild(bytes, 0), 0);
+    std::string body = unpackedBody(Midi.SysExOutput);
+    const char* descriptors = "18 00 00 80 64 00 7C 00 00 80 64 00 E0 00 00 80 64 00 44 00 01 80 64 00";
+    EXPECT_EQ(hex(body.substr(0, 24)), descriptors);
+    EXPECT_TRUE(body.substr(24) == block(0, 100) + block(1, 100).substr(0, 37));
+    // Of the second group, which begins behind the end, nothing but its descriptors.
+    ASSERT_EQ(StyGroupBuild(bytes, 1), 0);
+    EXPECT_EQ(hex(unpackedBody(Midi.SysExOutput)),
+              "18 00 00 81 32 00 4A 00 00 81 32 00 7C 00 00 81 32 00 AE 00 00 81 32 00");
+    // One byte short.
+    bytes = buffer(20, {100, 100, 100, 100});
+    bytes.pop_back();
+    ASSERT_EQ(StyGroupBuild(bytes, 0), 0);
+    body = unpackedBody(Midi.SysExOutput);
+    EXPECT_EQ(hex(body.substr(0, 24)), descriptors);
+    EXPECT_TRUE(body.substr(24) == block(0, 100) + block(1, 100) + block(2, 100) + block(3, 100).substr(0, 99));
+}
+
+TEST_F(StyGroupBuild_, aBufferWithoutATableHasNoGroup)
 {
     Midi.SysExOutput = "before";
-    std::string bytes = buffer(23, {100, 100, 100, 100});
-    ASSERT_EQ(StyGroupBuild(bytes, 0), 0);
-    Midi.SysExOutput = "before";
-    bytes.pop_back();
-    EXPECT_EQ(StyGroupBuild(bytes, 0), 1);
-    EXPECT_EQ(Midi.SysExOutput, "before");
     EXPECT_EQ(StyGroupBuild(std::string(42622, '\0'), 0), 1);
     EXPECT_EQ(StyGroupBuild("", 0), 1);
+    EXPECT_EQ(Midi.SysExOutput, "before");
+}
+
+TEST_F(StyGroupBuild_, namesTheChannelOfTheInstrument)
+{
+    for (int channel = 0; channel < 16; ++channel) {
+        App.GlobalChannel = channel;
+        ASSERT_EQ(StyGroupBuild(buffer(24, {1, 1, 1, 1}), 0), 0);
+        const std::string digit(1, "0123456789ABCDEF"[channel]);
+        EXPECT_EQ(hex(Midi.SysExOutput.substr(0, 5)), "F0 42 3" + digit + " 4D 65");
+        wire.forget();
+        int style = 15;
+        StyBankSelect(style, 19);
+        EXPECT_EQ(hex(Midi.SysExOutput), "B" + digit + " 00 00 B" + digit + " 20 01 C" + digit + " 0F");
+        EXPECT_EQ(wire.messages().size(), 3u);
+    }
 }
 
 TEST_F(StyGroupBuild_, theLastBlockMayBeginAt65535AndNotBehind)

@@ -239,6 +239,36 @@ TEST_F(StyleWindowLoads, oneLoadRunsAtATime)
     EXPECT_EQ(App.InfoSty, "song");
 }
 
+TEST_F(StyleWindowLoads, aSecondPressSendsTheNextGroupAtOnceAndNoGroupTwice)
+{
+    const frmStyUN* window = open(sixteen(8));
+    press(window, "CommLoadSty");
+    press(window, "CommLoadSty");
+    EXPECT_EQ(longMessages().size(), 1U);
+    EXPECT_FALSE(timer(window, "TimerTxSty(0)")->enabled());
+    EXPECT_TRUE(timer(window, "TimerTxSty(1)")->enabled()) << "the pause stands before the next one";
+    ASSERT_TRUE(until("C2 00"));
+    ASSERT_TRUE(settled(window));
+    ASSERT_EQ(longMessages().size(), 2U);
+    EXPECT_EQ(longMessages()[0][9], 0);
+    EXPECT_EQ(longMessages()[1][9], 1);
+}
+
+TEST_F(StyleWindowLoads, aDamagedFilesGroupGoesOutAsFarAsItIsThere)
+{
+    App.GlobalChannel = 0;
+    std::string file = styFile({{"Whole", 40}, {"Cut here", 50000}, {"Gone", 50}, {"Gone too", 60}});
+    file.resize(224 + 40 + 5);
+    const frmStyUN* window = open(file);
+    press(window, "CommLoadSty");
+    ASSERT_TRUE(until("C0 00"));
+    ASSERT_EQ(longMessages().size(), 1U) << "the second group has no slot";
+    const std::string body = Unpack::unpackedBody(longMessages()[0]);
+    EXPECT_EQ(hex(body.substr(0, 24)), "18 00 00 80 28 00 40 00 00 80 50 C3 90 00 C3 80 32 00 C2 00 C3 80 3C 00");
+    EXPECT_EQ(body.substr(24), file.substr(224));
+    EXPECT_TRUE(user.warnings.empty());
+}
+
 TEST_F(StyleWindowLoads, closingTheWindowEndsItsLoads)
 {
     StageTimer::setTimeScale(0.1);
@@ -311,6 +341,10 @@ TEST_F(StyleWindowLoads, theInstrumentHoldsTheBlocksAndDescriptorsOfAllSixteenSl
     // Offset low, 0, offset high, 0x80 + group, length low, length high.
     EXPECT_EQ(hex(instrument.styleGroup(0).body.substr(0, 24)),
               "18 00 00 80 E8 03 00 00 04 80 CD 07 CD 00 0B 80 B2 0B 7F 00 17 80 97 0F");
+    EXPECT_EQ(hex(instrument.styleGroup(1).body.substr(0, 24)),
+              "18 00 00 81 7C 13 94 00 13 81 61 17 F5 00 2A 81 46 1B 3B 00 46 81 2B 1F");
+    EXPECT_EQ(hex(instrument.styleGroup(2).body.substr(0, 24)),
+              "18 00 00 82 10 23 28 00 23 82 F5 26 1D 00 4A 82 DA 2A F7 00 74 82 BF 2E");
     EXPECT_EQ(hex(instrument.styleGroup(3).body.substr(0, 24)),
               "18 00 00 83 A4 32 BC 00 32 83 89 36 45 00 69 83 6E 3A B3 00 A3 83 53 3E");
     EXPECT_EQ(instrument.channel(2).programLsb, 1);

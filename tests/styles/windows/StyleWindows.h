@@ -16,6 +16,7 @@
 #include "toolkit/StageTimer.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -44,6 +45,12 @@ struct StyleField : FieldTarget {
     {
         taken.push_back(std::to_string(number) + "/" + std::to_string(bank) + " " + name + " " + label);
     }
+};
+
+/// The shell, with the edit menu counted.
+struct StyleShell : FakeShell {
+    int popups = 0;
+    void popupEditMenu() override { ++popups; }
 };
 
 class StyleWindows : public testing::Test
@@ -161,6 +168,13 @@ protected:
         rows->scrollToItem(rows->item(row));
         QTest::mouseClick(rows->viewport(), button, modifiers, rows->visualItemRect(rows->item(row)).center());
     }
+    /// A press of the right button as the platform asks for a menu.
+    static void rightPress(QWidget* place)
+    {
+        const QPoint middle = place->rect().center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, middle, place->mapToGlobal(middle));
+        QApplication::sendEvent(place, &event);
+    }
     /// Lets events run until no stage timer of the window is enabled.
     static bool settled(const ChildWindow* window)
     {
@@ -196,6 +210,6 @@ protected:
     Lines diary;
     DiaryUser user{diary};
     DiaryService port{diary};
-    FakeShell shell;
+    StyleShell shell;
     std::unique_ptr<QMdiArea> area;
 };

@@ -78,6 +78,16 @@ TEST_F(StyleBanks, withTheEditorClosedAClickChangesNothing)
     EXPECT_EQ(fieldTarget(), nullptr);
 }
 
+TEST_F(StyleBanks, theRightButtonOpensTheEditMenuOnTheListAndTheForm)
+{
+    const frmStyAB* window = show(new frmStyAB(17));
+    rightPress(list(window)->viewport());
+    EXPECT_EQ(shell.popups, 1);
+    rightPress(list(window)->parentWidget());
+    EXPECT_EQ(shell.popups, 2);
+    EXPECT_TRUE(diary.empty());
+}
+
 TEST_F(StyleBanks, keepTheirPlaceInTheirOwnRowAndDoNotComeBack)
 {
     frmStyAB* window = show(new frmStyAB(18));
