@@ -221,6 +221,7 @@ bool showOpened(const OpenOutcome& outcome, const WindowMaker& makeWindow)
     entry.used = true;
     entry.path = stem;
     entry.readOnly = readOnly;
+    entry.linked = false;
     if (outcome.branch == PrgFile) {
         entry.kind = PrgFile;
         entry.programType = FileKindOf(outcome.path) == FileKind::Pgg ? 1 : 0;

@@ -292,13 +292,20 @@ void frmStyUN::loadFile()
 
 void frmStyUN::restorePlace()
 {
-    const SessionEntry& place = entry();
     const TwipsSize standard = defaultWindowSize(windowKind());
-    const bool placedBefore = place.width > 0 && place.height > 0;
-    if (windowKind() == WindowKind::StyFile && placedBefore)
+    SessionEntry& place = entry();
+    const bool file = windowKind() == WindowKind::StyFile;
+    // Required: a file opens at the corner in the standard size, wherever the window of its number last stood; only an
+    // arrangement's styles come back to that place.
+    const bool comesBack = file && place.linked && place.width > 0 && place.height > 0;
+    if (file && !comesBack) {
+        place.left = 0;
+        place.top = 0;
+        place.width = standard.width;
+        place.height = standard.height;
+    }
+    if (comesBack || (file && !place.linked))
         placeInTwips(place.left, place.top, place.width, place.height);
-    else if (windowKind() == WindowKind::StyFile && !place.linked)
-        placeInTwips(0, 0, standard.width, standard.height);
     else // an untitled window, and the first beside an arrangement window, whose buttons it must not cover
         resizeInTwips(standard.width, standard.height);
 }

@@ -171,6 +171,18 @@ TEST_F(StyleWindows, aClickGivesTheStyleToTheHighlightedFieldAndSendsNothing)
     EXPECT_TRUE(diary.empty());
 }
 
+TEST_F(StyleWindows, theRightButtonOpensTheEditMenuOnTheListTheFiguresAndTheForm)
+{
+    const frmStyUN* window = open(sixteen());
+    for (QWidget* place : {list(window)->viewport(), static_cast<QWidget*>(control<QLineEdit>(window, "Text1(0)")),
+                           static_cast<QWidget*>(control<QFrame>(window, "Picture1"))}) {
+        shell.popups = 0;
+        rightPress(place);
+        EXPECT_EQ(shell.popups, 1) << place->objectName().toStdString();
+    }
+    EXPECT_TRUE(diary.empty());
+}
+
 TEST_F(StyleWindows, severalRowsCanBeSelected)
 {
     const frmStyUN* window = open(sixteen());
@@ -181,22 +193,42 @@ TEST_F(StyleWindows, severalRowsCanBeSelected)
 
 // Place, record, caption.
 
-TEST_F(StyleWindows, aFirstOpeningStandsAtTheCornerInTheDefaultSizeALaterOneWhereTheSlotsLastStood)
+TEST_F(StyleWindows, aFileOpensAtTheCornerInTheDefaultSizeWhereverTheSlotsLastWindowStood)
 {
     frmStyUN* first = open(sixteen());
     EXPECT_EQ(first->positionInTwips().left, 0);
     EXPECT_EQ(first->positionInTwips().top, 0);
     EXPECT_TRUE(first->hasSizeInTwips(5560, 4200));
+    EXPECT_EQ(record(1).width, 5560);
+    EXPECT_EQ(record(1).height, 4200);
     first->placeInTwips(300, 450, 6000, 7500);
     first->close();
     EXPECT_FALSE(record(1).used);
     EXPECT_EQ(App.StyUCount, 0);
+    EXPECT_EQ(record(1).left, 300);
+    EXPECT_EQ(record(1).top, 450);
+    EXPECT_EQ(record(1).width, 6000);
+    EXPECT_EQ(record(1).height, 7500);
 
     const frmStyUN* second = open(sixteen(), 1, "other");
     EXPECT_TRUE(record(1).used);
-    EXPECT_EQ(second->positionInTwips().left, 300);
-    EXPECT_EQ(second->positionInTwips().top, 450);
-    EXPECT_TRUE(second->hasSizeInTwips(6000, 7500));
+    EXPECT_EQ(second->positionInTwips().left, 0);
+    EXPECT_EQ(second->positionInTwips().top, 0);
+    EXPECT_TRUE(second->hasSizeInTwips(5560, 4200));
+    EXPECT_EQ(record(1).left, 0);
+}
+
+TEST_F(StyleWindows, anArrangementsStylesOpenAtThePlaceThatTheirRecordKeeps)
+{
+    record(1).left = 300;
+    record(1).top = 450;
+    record(1).width = 6000;
+    record(1).height = 7500;
+    record(1).linked = true;
+    const frmStyUN* window = open(sixteen());
+    EXPECT_EQ(window->positionInTwips().left, 300);
+    EXPECT_EQ(window->positionInTwips().top, 450);
+    EXPECT_TRUE(window->hasSizeInTwips(6000, 7500));
 }
 
 TEST_F(StyleWindows, aWindowThatAnArrangementOpenedIsMarkedInItsRecordForAsLongAsItIsOpen)
