@@ -13,6 +13,7 @@
 #include "toolkit/RowList.h"
 #include "toolkit/StageTimer.h"
 
+#include <QEvent>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
