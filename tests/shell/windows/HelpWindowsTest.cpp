@@ -1,6 +1,7 @@
 // The windows of the help menu, the ready notice, the start picture and the message monitor, opened from the menus.
 #include "MainWindowFixture.h"
 
+#include "core/NameTables.h"
 #include "midi/DeviceModes.h"
 #include "midi/MIDI.h"
 #include "midi/MsgLog.h"
@@ -271,6 +272,50 @@ TEST_F(HelpWindows, theMonitorShowsWhatIsLoggedWhileItIsOpen)
     EXPECT_TRUE(item("mnuMsgEx")->isEnabled());
     EXPECT_EQ(App.WinPos[16].Open, 0);
     MsgLogAdd("nobody looks");
+}
+
+TEST_F(HelpWindows, theMonitorShowsWhatTheOtherWindowsSend)
+{
+    NameTablesBuild();
+    user.files = {{true, songs.put("stage.gbl", globalFile()), 4, false},
+                  {true, songs.put("song.prg", programFile()), 3, false},
+                  {true, songs.put("song.arr", arrangementFile()), 1, false}};
+    start();
+    const ChildWindow* monitor = opened("mnuMsgEx", "frmMsgEx");
+    const QString zero = QStringLiteral("00 ");
+
+    item("mnuApriGbl")->trigger();
+    const auto* global = window->area()->findChild<ChildWindow*>("frmGbl");
+    EXPECT_EQ(text(monitor), "") << "opening a file sends nothing";
+    global->findChild<QAbstractButton*>("GblCheck1(0)")->click();
+    EXPECT_EQ(text(monitor), "F0 42 30 4D 51 " + zero.repeated(34) + "01 " + zero.repeated(440) + "F7 \n\n");
+    global->findChild<QAbstractButton*>("CommGlobal")->click();
+    EXPECT_EQ(text(monitor), "F0 42 30 4D 4E 04 F7 \n\n");
+
+    port.forget();
+    auto* rows = opened("mnuWProgA", "frmPcgAE")->findChild<QListWidget*>("List1");
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, rows->visualItemRect(rows->item(5)).center());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return port.messages().size() == 3; }, 2000));
+    QApplication::processEvents();
+    EXPECT_EQ(text(monitor).size(), 8 * 3 + 2) << "two messages of three bytes, one of two, in one block";
+    EXPECT_TRUE(text(monitor).startsWith("B1 00 00 B1 20 "));
+    EXPECT_TRUE(text(monitor).endsWith(" C1 05 \n\n"));
+
+    item("mnuApriPrg")->trigger();
+    port.forget();
+    item("mnuLoadPrg")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return port.messages().size() == 3; }, 2000));
+    QApplication::processEvents();
+    EXPECT_TRUE(text(monitor).startsWith("F0 42 30 4D 4C "));
+    EXPECT_EQ(text(monitor).size(), 14992 * 3 + 2);
+
+    item("mnuApriArr")->trigger();
+    port.forget();
+    item("mnuLoadArr")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return port.messages().size() == 3; }, 2000));
+    QApplication::processEvents();
+    EXPECT_TRUE(text(monitor).startsWith("F0 42 30 4D 64 "));
+    EXPECT_EQ(text(monitor).size(), 12002 * 3 + 2);
 }
 
 TEST_F(HelpWindows, theMonitorNeverGrowsBeyondItsLargestSize)
