@@ -153,11 +153,15 @@ TEST_F(GblWindow, theFadersOfAScaleRiseFromItsNotes)
     }
 }
 
-TEST_F(GblWindow, allOfTheFirstPageStandsInTheStandardSize)
+TEST_F(GblWindow, allOfEachPageStandsInTheStandardSize)
 {
     open();
-    const QWidget* page = part<QTabWidget>("SSTab1")->widget(0);
-    const auto* content = page->findChild<QGroupBox*>("Frame1")->parentWidget();
-    EXPECT_LE(content->minimumSizeHint().width(), page->width());
-    EXPECT_LE(content->minimumSizeHint().height(), page->height());
+    auto* pages = part<QTabWidget>("SSTab1");
+    for (const char* frame : {"Frame1", "Frame5(0)", "Frame5(2)", "Frame6"}) {
+        const auto* content = part<QGroupBox>(frame)->parentWidget();
+        focus(part<QGroupBox>(frame));
+        const QWidget* page = pages->currentWidget();
+        EXPECT_LE(content->minimumSizeHint().width(), page->width()) << frame;
+        EXPECT_LE(content->minimumSizeHint().height(), page->height()) << frame;
+    }
 }
