@@ -12,6 +12,7 @@
 #include "shell/DatabaseLinks.h"
 #include "shell/QtWindowFactory.h"
 #include "shell/SessionRestore.h"
+#include "shell/Silence.h"
 #include "shell/StatusPanelWidget.h"
 #include "toolkit/ControlArray.h"
 #include "toolkit/StageTimer.h"
@@ -158,7 +159,10 @@ void frmMain::planSession()
 void frmMain::TimerAuto_Timer(int index)
 {
     if (index >= WindowKind::ArrBankA && index <= WindowKind::FindId) {
+        const Silence silence; // what cannot come back leaves the session without a word
         showWindow(index, 0);
+        if (!openChild(index, 0))
+            App.WinPos[static_cast<std::size_t>(index)].Open = 0;
         ++AutoDone;
     }
     if (AutoDone == AutoTotal)

@@ -13,6 +13,7 @@ protected:
     Opening()
     {
         App.PathPrg = songs.file("TvlPrg");
+        App.PathArrA = songs.file("TvlArrA");
         maker = [this](int kind, int slot) {
             windows.emplace_back(kind, slot);
             return windowsExist;
@@ -432,4 +433,44 @@ TEST_F(Opening, aNinthNewProgramFileIsNotOpened)
         App.Programs[slot].used = true;
     EXPECT_FALSE(openNewPrograms(maker));
     EXPECT_TRUE(windows.empty());
+}
+
+// New arrangement files.
+
+TEST_F(Opening, aNewArrangementFileKeepsTheHeadOfBankAAndHasNoRecordInUse)
+{
+    std::string bank = arrangementFile();
+    for (std::size_t offset = 7; offset < bank.size(); ++offset)
+        bank[offset] = static_cast<char>(offset % 255 + 1); // none is zero
+    songs.put("TvlArrA", bank);
+    App.NewArrangements[0].used = App.NewArrangements[2].used = true;
+    EXPECT_TRUE(openNewArrangements(maker));
+    EXPECT_EQ(windows, (Windows{{20, 2}})) << "the lowest free number";
+    EXPECT_TRUE(Files.ArrBuffer == bank.substr(0, 32) + std::string(10496, '\0'));
+    EXPECT_EQ(App.Recent[0].path, "");
+    EXPECT_TRUE(warnings().empty());
+    EXPECT_TRUE(songs.get("TvlArrA") == bank);
+}
+
+TEST_F(Opening, aNewArrangementFileWithoutBankAIsTold)
+{
+    EXPECT_FALSE(openNewArrangements(maker));
+    const std::string notFound = "Tarvolyne - Tarvolyne Console |File " + App.PathArrA + " assente";
+    EXPECT_EQ(warnings(), Lines{notFound});
+    EXPECT_FALSE(songs.has("TvlArrA"));
+    songs.put("TvlArrA", "short");
+    EXPECT_FALSE(openNewArrangements(maker));
+    ASSERT_EQ(warnings().size(), 3U) << "the reader's own words come first";
+    EXPECT_EQ(warnings()[2], notFound);
+    EXPECT_TRUE(windows.empty());
+}
+
+TEST_F(Opening, aNinthNewArrangementFileIsNotOpened)
+{
+    songs.put("TvlArrA", arrangementFile());
+    for (SessionEntry& entry : App.NewArrangements)
+        entry.used = true;
+    EXPECT_FALSE(openNewArrangements(maker));
+    EXPECT_TRUE(windows.empty());
+    EXPECT_TRUE(warnings().empty());
 }

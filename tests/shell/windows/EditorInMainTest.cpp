@@ -203,6 +203,45 @@ TEST_F(EditorInMain, cancelAtTheExitKeepsEverythingOpen)
     Arr.ArrEditDirty = false;
 }
 
+TEST_F(EditorInMain, anArrangementOfABankIsAskedForBeforeItsBank)
+{
+    App.PathArrA = songs.put("TvlArrA", songFile());
+    start();
+    item("mnuArrA")->trigger();
+    ChildWindow* bank = child("frmArrAB");
+    ASSERT_NE(bank, nullptr);
+    int row = 0;
+    ArrEditLoad(bank->Tag.bytes(), row);
+    window->showWindow(WindowKind::EditArr, 0);
+    Arr.ArrEditOpen = true;
+    key("VScroll1(5)", Qt::Key_Up);
+    user.answers = {Answer::Cancel};
+    EXPECT_FALSE(bank->unloadChild());
+    ASSERT_NE(editor(), nullptr);
+
+    user.answers = {Answer::Cancel};
+    item("mnuExit")->trigger();
+    EXPECT_TRUE(window->isVisible());
+    ASSERT_NE(editor(), nullptr);
+
+    user.answers = {Answer::Yes, Answer::Cancel};
+    EXPECT_FALSE(bank->unloadChild()) << "stored in the bank, which is asked about next";
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(editor(), nullptr);
+    EXPECT_EQ(bank->Tag.at(302 + static_cast<int>(BassVolume)), 101);
+    ASSERT_EQ(user.questions.size(), 4u);
+    EXPECT_EQ(user.questions[2].title, "Edit Arrangement  Arr A.arr / Ballad    ");
+    EXPECT_EQ(user.questions[3].title, "Arr A");
+
+    user.answers = {Answer::Yes};
+    user.saveFiles = {{true, songs.file("mine.arr"), 1}};
+    EXPECT_TRUE(bank->unloadChild());
+    std::string expected = songFile();
+    expected[FirstRow + BassVolume] = 101;
+    EXPECT_TRUE(songs.get("mine.arr") == expected);
+    EXPECT_TRUE(songs.get("TvlArrA") == songFile()) << "the factory's own file stays";
+}
+
 TEST_F(EditorInMain, itsSplitPointMovesTheKeyboardWindows)
 {
     openEditor();

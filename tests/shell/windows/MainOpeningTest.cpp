@@ -147,6 +147,51 @@ TEST_F(MainWindow, theOpenItemIsOffWithEightWindowsAndOnAgainWithSeven)
     EXPECT_EQ(App.ArrUCount, 7);
 }
 
+TEST_F(MainWindow, newArrangementFilesHaveEightNumbersAndTheLowestFreeOneComesFirst)
+{
+    App.PathArrA = songs.put("TvlArrA", arrangementFile("8 Beat          "));
+    start();
+    for (int number = 1; number <= 8; ++number) {
+        EXPECT_TRUE(item("mnuNuovoArr")->isEnabled()) << number;
+        item("mnuNuovoArr")->trigger();
+        ASSERT_EQ(window->area()->subWindowList().size(), number);
+        ChildWindow* opened = childAt(number - 1);
+        EXPECT_EQ(opened->objectName(), "frmArrNew");
+        EXPECT_EQ(opened->Tag.number(), number);
+        EXPECT_EQ(opened->findChild<QListWidget*>("List1")->item(0)->text(), "11");
+        EXPECT_TRUE(item("mnuSalva")->isEnabled());
+        EXPECT_TRUE(item("mnuSalvaAs")->isEnabled());
+    }
+    EXPECT_FALSE(item("mnuNuovoArr")->isEnabled());
+    EXPECT_TRUE(item("mnuApriArr")->isEnabled()) << "files have numbers of their own";
+    EXPECT_TRUE(childAt(2)->unloadChild());
+    EXPECT_TRUE(item("mnuNuovoArr")->isEnabled());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    item("mnuNuovoArr")->trigger();
+    EXPECT_EQ(dynamic_cast<ChildWindow*>(window->area()->activeSubWindow())->Tag.number(), 3);
+    EXPECT_FALSE(item("mnuNuovoArr")->isEnabled());
+    EXPECT_TRUE(user.questions.empty());
+}
+
+TEST_F(MainWindow, theBanksHaveOneWindowEachAndAMissingOneIsTold)
+{
+    App.PathArrA = songs.put("TvlArrA", arrangementFile("8 Beat          "));
+    App.PathArrB = songs.file("TvlArrB");
+    start();
+    item("mnuArrA")->trigger();
+    item("mnuArrA")->trigger();
+    ASSERT_EQ(window->area()->subWindowList().size(), 1);
+    EXPECT_EQ(childAt(0)->windowTitle(), "Arr A");
+    EXPECT_TRUE(item("mnuWindow")->isEnabled());
+    EXPECT_TRUE(item("mnuChiudi")->isEnabled());
+    EXPECT_FALSE(item("mnuSalva")->isEnabled());
+    EXPECT_FALSE(item("mnuSalvaAs")->isEnabled());
+    item("mnuArrB")->trigger();
+    EXPECT_EQ(warnings(), Lines{"|File TvlArrB assente"});
+    EXPECT_EQ(window->area()->subWindowList().size(), 1);
+    EXPECT_FALSE(songs.has("TvlArrB"));
+}
+
 TEST_F(MainWindow, aFileWhoseWindowCannotBeMadeIsReadAndShowsNothing)
 {
     user.files.push_back({true, songs.put("stage.gbl", globalFile()), 4, false});

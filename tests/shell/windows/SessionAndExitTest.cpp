@@ -42,6 +42,41 @@ TEST_F(MainWindow, theOtherWindowsComeBackFirstEachByItsOwnTimer)
     EXPECT_EQ(plain[3]->windowKind(), 19);
 }
 
+TEST_F(MainWindow, theBanksComeBackWhereTheyStoodAndStayInTheSession)
+{
+    App.PathArrA = songs.put("TvlArrA", arrangementFile("8 Beat          "));
+    App.PathArrB = songs.put("TvlArrB", arrangementFile("Slow Waltz      "));
+    App.WinPos[2] = {450, 300, 5250, 6000, 1, 0};
+    App.WinPos[3] = {750, 600, 6000, 6750, 1, 0};
+    start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return window->area()->subWindowList().size() == 2; }, 1000));
+    EXPECT_EQ(childAt(0)->windowTitle(), "Arr A");
+    EXPECT_EQ(childAt(0)->geometry(), QRect(30, 20, 350, 400));
+    EXPECT_EQ(childAt(1)->windowTitle(), "Arr B");
+    EXPECT_EQ(childAt(1)->geometry(), QRect(50, 40, 400, 450));
+    EXPECT_EQ(childAt(1)->findChild<QListWidget*>("List1")->item(0)->text(), "11  Slow Waltz      ");
+    EXPECT_TRUE(childAt(0)->unloadChild());
+    window->close();
+    EXPECT_EQ(App.WinPos[2].Open, 0) << "closed before the exit";
+    EXPECT_EQ(App.WinPos[3].Open, 1);
+    EXPECT_TRUE(user.questions.empty());
+}
+
+TEST_F(MainWindow, aBankOfTheLastSessionThatHasGoneLeavesItWithoutAWord)
+{
+    App.PathArrA = songs.file("TvlArrA");
+    App.PathArrB = songs.put("TvlArrB", "short");
+    App.WinPos[2].Open = App.WinPos[3].Open = 1;
+    App.Arrangements[0].path = songs.file("song");
+    App.Arrangements[0].Open = 1;
+    song("song");
+    start();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window->area()->subWindowList().size() == 1; }, 1000));
+    EXPECT_EQ(childAt(0)->windowTitle(), "File Arr - song.arr (1)") << "the files come all the same";
+    EXPECT_TRUE(user.warnings.empty());
+    EXPECT_EQ(App.WinPos[2].Open + App.WinPos[3].Open, 0);
+}
+
 TEST_F(MainWindow, exitWritesTheSettingsTheSessionAndTheRecord)
 {
     user.files.push_back({true, song("song"), 1, false});
