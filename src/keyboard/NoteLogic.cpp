@@ -1,4 +1,5 @@
-// The playing modes as a state machine; a press of a key is sent before anything is shown of it.
+// The playing modes as a state machine. A key is marked before its note is sent, so that a message about a failing port
+// finds the keyboard as it sounds; marking only asks for a painting and keeps no note waiting.
 #include "keyboard/NoteLogic.h"
 
 #include "keyboard/ChannelMixer.h"
@@ -63,18 +64,18 @@ void NoteLogic::load(bool clickKey, bool holdNote, int octaveShift)
 void NoteLogic::KeyNoteOn(int note)
 {
     state_.CurrentNote = note;
-    MidiNoteOn(mixerChannel(), note, velocityOn());
     if (isShown(keyOf(note)))
         face_.showKeyMark(keyOf(note));
+    MidiNoteOn(mixerChannel(), note, velocityOn());
     face_.showNoteText(noteText(note));
 }
 
 void NoteLogic::KeyNoteOff(int note)
 {
-    state_.CurrentNote = NoteState::NoNote;
-    MidiNoteOff(mixerChannel(), note, velocityOff());
     if (isShown(keyOf(note)))
         face_.showKeyPlain(keyOf(note));
+    state_.CurrentNote = NoteState::NoNote;
+    MidiNoteOff(mixerChannel(), note, velocityOff());
     face_.showNoteText({});
 }
 
@@ -116,9 +117,9 @@ void NoteLogic::keyMouseDown(int key)
         KeyNoteOff(note);
         return;
     }
+    KeyNoteOn(note);
     if (state_.CheckHoldNote)
         state_.HeldNotes.set(note);
-    KeyNoteOn(note);
 }
 
 /// The captured shape with its lowest note on the key. What falls outside the range is silent this time.
@@ -152,9 +153,9 @@ void NoteLogic::keyMouseMove(int key, int y)
             return;
         // Required: drawn off the key's lower end a note ends with a release of its own, not the fader's, and its name
         // stays in view. A further move inside the band starts it again.
+        face_.showKeyPlain(key);
         state_.CurrentNote = NoteState::NoNote;
         MidiNoteOff(mixerChannel(), note, GlideOffVelocity);
-        face_.showKeyPlain(key);
         return;
     }
     if (state_.CurrentNote != NoteState::NoNote)

@@ -179,6 +179,7 @@ const std::vector<Row> Rows = {
      "-all +0 [C/Do (12)] [C/Do (108)]", "CH 12 now 108 held 12,108 chord 12,108 active"},
     {"a key of the chord is no release", {"CH", 2, Major, Major, true, false, 67}, "down 24", "B2 7B 00, 92 3C 50, 92 40 50, 92 43 50",
      "-all +24 [C/Do (60)] +28 [E/Mi (64)] +31 [G/Sol (67)]", "CH 36 now 67 held 60,64,67 chord 60,64,67 active"},
+    {"a chord of nothing silences", {"CH", 2, {60}, {}, true}, "down 24", "B2 7B 00", "-all", "CH 36 active"},
     {"a release in the chord", {"CH", 2, Major, Major, true, false, 67}, "up 24", "", "", "CH 36 now 67 held 60,64,67 chord 60,64,67 active"},
     {"a pointer in the chord", {"CH", 2, Major, Major, true, false, 67}, "move 30 0", "", "", "CH 36 now 67 held 60,64,67 chord 60,64,67 active"},
 
@@ -299,6 +300,23 @@ TEST_F(NoteLogicTest, staleLatchesOutOfViewAreCapturedByTheNextChord)
         happen(logic, event);
     EXPECT_EQ(sent(), "92 0C 50, B2 7B 00, B2 7B 00, 92 3C 50");
     EXPECT_EQ(told(logic.state()), "CH 48 now 60 held 60 chord 12 active");
+}
+
+TEST_F(NoteLogicTest, aKeyIsMarkedOrWipedBeforeItsMessageAndTheTextFollowsIt)
+{
+    struct DiaryFace final : WritingFace {
+        explicit DiaryFace(Lines& book) : diary(book) {}
+        void showKeyPlain(int key) override { diary.push_back("plain " + std::to_string(key)); }
+        void showKeyMark(int key) override { diary.push_back("mark " + std::to_string(key)); }
+        void showNoteText(const std::string& shown) override { diary.push_back("text " + shown); }
+        Lines& diary;
+    } face(diary);
+    NoteLogic logic(face, stateOf({"--"}));
+    for (const char* event : {"move 24 0", "move 25 0", "move 25 940"})
+        happen(logic, event);
+    EXPECT_EQ(diary, (Lines{"mark 24", "wire 92 3C 50", "text C/Do (60)", //
+                            "plain 24", "wire 82 3C 20", "text ",         //
+                            "mark 25", "wire 92 3D 50", "text C#/Do# (61)", "plain 25", "wire 82 3D 40"}));
 }
 
 // The message monitor.
