@@ -14,8 +14,10 @@
 namespace
 {
 
-/// Two places of the pointer that follow one another within this time are one movement; milliseconds.
+/// A moving pointer is seen again within this time; milliseconds.
 constexpr quint64 OneMovement = 40;
+/// The first step out of a rest is seen after any time, but goes no further than this; twips.
+constexpr int FirstStep = KeyGeometry::OctaveWidth;
 
 QRect inPixels(const TwipsRect& twips, qreal unitX, qreal unitY)
 {
@@ -82,23 +84,42 @@ void KeyBedWidget::pointerAt(QPointF place, quint64 time)
 {
     const Sample before = last_;
     last_ = {place, time};
-    if (before.time != 0 && time >= before.time && time - before.time <= OneMovement)
+    if (drawnFrom(before))
         passOverWay(before.place, place);
     tell(keyAt(place), place);
 }
 
-/// Tells the keys that lie between two places, each once; the keys of the places themselves are told by the caller.
+bool KeyBedWidget::drawnFrom(const Sample& before) const
+{
+    if (before.time == 0 || last_.time < before.time)
+        return false;
+    const qreal step = std::abs(last_.place.x() - before.place.x());
+    return last_.time - before.time <= OneMovement || step * KeyGeometry::Frame.width <= qreal(FirstStep) * width();
+}
+
+/// Tells the keys that the pointer enters between two places, in their order; the one that it ends on is told by the
+/// caller.
 void KeyBedWidget::passOverWay(QPointF from, QPointF to)
 {
     const QPointF way = to - from;
     const int steps = static_cast<int>(std::max(std::abs(way.x()), std::abs(way.y())));
-    const int goal = keyAt(to);
+    int entered = lastKey_;
+    QPointF entrance;
+    const auto tellEntered = [&] {
+        if (entered != lastKey_)
+            tell(entered, entrance);
+    };
     for (int step = 1; step < steps; ++step) {
         const QPointF place = from + way * step / steps;
         const int key = keyAt(place);
-        if (key != lastKey_ && key != goal)
-            tell(key, place);
+        if (key == entered)
+            continue;
+        tellEntered();
+        entered = key;
+        entrance = place;
     }
+    if (entered != keyAt(to))
+        tellEntered();
 }
 
 void KeyBedWidget::tell(int key, QPointF place)

@@ -2,7 +2,8 @@
 // passes over.
 //
 // A pointer drawn fast is seen at places that lie further apart than a key is wide. The keys on its way are told as
-// passed over, so that a glide misses none.
+// passed over, so that a glide misses none, whatever its speed. A pointer that is set down elsewhere, as a pen or a
+// finger is, has not been drawn there.
 #pragma once
 
 #include "keyboard/Keys.h"
@@ -45,6 +46,7 @@ private:
     int keyAt(QPointF place) const;
     int heightInKey(int key, QPointF place) const; ///< twips
     void pointerAt(QPointF place, quint64 time);
+    bool drawnFrom(const Sample& before) const; ///< to the last place
     void passOverWay(QPointF from, QPointF to);
     void tell(int key, QPointF place);
     void moveCursor(int step);

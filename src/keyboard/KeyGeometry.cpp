@@ -9,8 +9,6 @@ namespace
 
 using namespace KeyGeometry;
 
-constexpr int WhiteKeysOfOctave = 7;
-
 /// A key within its octave: a black one stands on the white key before it, this far to the right of its left edge.
 struct KeyRow {
     bool black;
@@ -47,8 +45,7 @@ bool isBlackKey(int key) { return rowOf(key).black; }
 TwipsRect keyRect(int key)
 {
     const KeyRow& row = rowOf(key);
-    const int whiteBefore = key / KeyRange::Octave * WhiteKeysOfOctave + row.whiteBefore;
-    const int left = whiteBefore * WhiteWidth + row.offset;
+    const int left = key / KeyRange::Octave * OctaveWidth + row.whiteBefore * WhiteWidth + row.offset;
     return row.black ? TwipsRect{left, 0, BlackWidth, BlackHeight} : TwipsRect{left, 0, WhiteWidth, WhiteHeight};
 }
 
@@ -59,6 +56,5 @@ int splitMarkerLeft(int note, int octaveShift)
     const int octave = (note - SplitRange::Lowest) / KeyRange::Octave + 2 - octaveShift;
     const MarkerRow& row = MarkerRows[static_cast<std::size_t>(note % KeyRange::Octave)];
     // Required: half a twip is taken off an octave, cut to whole ones; the marker follows the keys as they are drawn.
-    return octave * (WhiteKeysOfOctave * WhiteWidth - octave / 2) + MarkerOrigin + row.whiteBefore * WhiteWidth +
-           row.offset;
+    return octave * (OctaveWidth - octave / 2) + MarkerOrigin + row.whiteBefore * WhiteWidth + row.offset;
 }

@@ -32,6 +32,7 @@ inline constexpr KeyMark WhiteMark{100, 1176, 66, 0};
 inline constexpr KeyMark BlackMark{60, 712, 62, 65280};
 inline constexpr int BottomBand = 36; ///< the lowest part of a key, where a gliding pointer falls silent
 inline constexpr int WhiteKeys = 36;
+inline constexpr int OctaveWidth = 7 * WhiteWidth;
 
 /// The frame of the keys on the window.
 inline constexpr TwipsRect Frame{70, 2650, WhiteKeys* WhiteWidth, WhiteHeight};

@@ -220,6 +220,27 @@ TEST_F(frmTastieraKeys, aFastPointerMissesNoKeyOnItsWay)
     EXPECT_EQ(sent(), expected);
 }
 
+TEST_F(frmTastieraKeys, theFirstStepOutOfARestMissesNoKeyEither)
+{
+    glide();
+    moveOver(24, 1000);
+    moveOver(31, 5000);
+    EXPECT_EQ(sent(), "92 3C 50, 82 3C 20, 92 3E 50, 82 3E 20, 92 40 50, 82 40 20, 92 41 50, 82 41 20, 92 43 50");
+    moveOver(21, 9000);
+    EXPECT_EQ(sent(), "82 43 20, 92 41 50, 82 41 20, 92 40 50, 82 40 20, 92 3E 50, 82 3E 20, 92 3C 50, 82 3C 20, "
+                      "92 3B 50, 82 3B 20, 92 39 50");
+}
+
+TEST_F(frmTastieraKeys, aKeyThatIsCrossedTwiceInOneStepSoundsTwice)
+{
+    glide();
+    // From the C sharp over the D and the lower corner of the D sharp down to the D again.
+    mouse(key(26), QEvent::MouseMove, {3, 40}, 1000);
+    EXPECT_EQ(sent(), "92 3D 50");
+    mouse(key(26), QEvent::MouseMove, {15.5, 68}, 1008);
+    EXPECT_EQ(sent(), "82 3D 20, 92 3E 50, 82 3E 20, 92 3F 50, 82 3F 20, 92 3E 50");
+}
+
 TEST_F(frmTastieraKeys, aPointerThatComesBackElsewhereLaterPlaysNothingBetween)
 {
     glide();
