@@ -10,12 +10,12 @@
 namespace
 {
 
-constexpr qreal UsualPointSize = 9; ///< of a desktop; with it the panel has its own size
-
 constexpr int Inch = 1440;
 
-// Larger than this the panel grows; a few pixels of a wider window frame leave it as it is.
+// Larger than this the panel grows; a few pixels of a narrower window frame leave it as it is, for those of a wider one
+// it gives way.
 constexpr qreal WorthGrowing = 1.05;
+constexpr qreal Smallest = 0.96;
 
 int pixelsX(int twips, qreal factor) { return qRound(twips * factor * twipsToPixelsX(Inch) / Inch); }
 int pixelsY(int twips, qreal factor) { return qRound(twips * factor * twipsToPixelsY(Inch) / Inch); }
@@ -25,10 +25,7 @@ int pixelsY(int twips, qreal factor) { return qRound(twips * factor * twipsToPix
 TwipsPanelWidget::TwipsPanelWidget(int width, int height, qreal pointSize, QWidget* parent)
     : QWidget(parent), width_(width), height_(height), pointSize_(pointSize)
 {
-    const qreal desktop = font().pointSizeF() > 0 ? font().pointSizeF() : UsualPointSize;
-    least_ = std::max<qreal>(1, desktop / UsualPointSize);
-    factor_ = least_;
-    setMinimumSize(atFactor(least_));
+    setMinimumSize(atFactor(Smallest));
     showWords();
     setMouseTracking(true);
 }
@@ -55,7 +52,7 @@ void TwipsPanelWidget::moveTo(QWidget* control, int left, int top)
 void TwipsPanelWidget::show(const Placed& placed)
 {
     const TwipsRect& twips = placed.twips;
-    const QSize room = factor_ > least_ ? size() - atFactor(factor_) : QSize();
+    const QSize room = factor_ > 1 ? size() - atFactor(factor_) : QSize();
     const QPoint origin(std::max(0, room.width() / 2), std::max(0, room.height() / 2));
     const QPoint corner(pixelsX(twips.left, factor_), pixelsY(twips.top, factor_));
     const QPoint behind(pixelsX(twips.left + twips.width, factor_), pixelsY(twips.top + twips.height, factor_));
@@ -67,7 +64,7 @@ void TwipsPanelWidget::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     const QSize whole = atFactor(1);
     const qreal fits = std::min(width() / qreal(whole.width()), height() / qreal(whole.height()));
-    const qreal factor = fits > least_ * WorthGrowing ? fits : least_;
+    const qreal factor = fits > WorthGrowing ? fits : std::clamp<qreal>(fits, Smallest, 1);
     if (factor != factor_) {
         factor_ = factor;
         showWords();

@@ -10,8 +10,8 @@
 class TwipsPanelWidget final : public QWidget
 {
 public:
-    /// `width` and `height` are the panel's own twips, laid out for words of `pointSize`; with a larger font of the
-    /// desktop it is larger from the beginning.
+    /// `width` and `height` are the panel's own twips, laid out for words of `pointSize`, whatever the desktop's font:
+    /// the whole panel is seen in a window of its own size.
     TwipsPanelWidget(int width, int height, qreal pointSize, QWidget* parent);
 
     /// `words` is the size of the control's words beside the panel's.
@@ -44,7 +44,6 @@ private:
     int width_;
     int height_;
     qreal pointSize_;
-    qreal least_ = 1;  ///< the smallest factor, by the desktop's font
-    qreal factor_ = 1; ///< the one in use
+    qreal factor_ = 1;
     std::vector<Placed> placed_;
 };

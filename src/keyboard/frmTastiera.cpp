@@ -170,13 +170,14 @@ void frmTastiera::buildFader(int index)
     Label5.put(index, mark(fader.bottomMark, bottom - LineHeight, Qt::AlignLeft | Qt::AlignBottom));
     if (index != Faders::Pan)
         return;
-    const int height = FaderHeight - LineHeight;
-    int step = 0;
-    for (const char* letter : {"R", "C", "L"}) {
-        const TwipsRect place{left, FaderTop + step++ * height / 2, FaderInStrip - 20, LineHeight};
-        QLabel* label = makeLabel("", QLatin1String(letter), place, Qt::AlignRight | Qt::AlignVCenter, MarkWords);
-        label->setObjectName(QStringLiteral("LabelPan%1").arg(label->text()));
-    }
+    // Beside the marks, in line with them.
+    const auto side = [&](const char* name, const char* letter, int top, Qt::Alignment alignment) {
+        const TwipsRect place{left, top, FaderInStrip - 20, LineHeight};
+        makeLabel(name, QLatin1String(letter), place, Qt::AlignRight | alignment, MarkWords);
+    };
+    side("LabelPanR", "R", FaderTop, Qt::AlignTop);
+    side("LabelPanC", "C", FaderTop + (FaderHeight - LineHeight) / 2, Qt::AlignVCenter);
+    side("LabelPanL", "L", bottom - LineHeight, Qt::AlignBottom);
 }
 
 void frmTastiera::buildChannelAndSplit()
@@ -278,11 +279,6 @@ void frmTastiera::wireHandlers()
     connect(VScroll1, &QSlider::valueChanged, this, [this](int note) { VScroll1_Change(note); });
     connect(HScroll1, &QSlider::valueChanged, this, [this](int octaveShift) { HScroll1_Change(octaveShift); });
     onComboClick(Combo1, [](int channel) { mixerChannelChoose(channel); });
-
-    connect(this, &QMdiSubWindow::windowStateChanged, this, [this](Qt::WindowStates, Qt::WindowStates now) {
-        if (now.testFlag(Qt::WindowMinimized))
-            keepState(now);
-    });
 
     Frame1->mouseDown = [this](int key) { notes_.keyMouseDown(key); };
     Frame1->mouseUp = [this](int key) { notes_.keyMouseUp(key); };

@@ -27,9 +27,6 @@ public:
 
     void unload() override;
 
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
     static constexpr int SplitLabel = 8;
 
@@ -54,8 +51,6 @@ private:
     void CommSongPlay_Click();
     void OctaveLabelsShow();
     void ModePanelShow();
-    void keepWithinLimits();
-    void keepState(Qt::WindowStates state);
 
     void showKeyPlain(int key) override;
     void showKeyMark(int key) override;

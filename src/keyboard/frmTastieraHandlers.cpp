@@ -19,12 +19,10 @@
 #include <QSignalBlocker>
 #include <QSlider>
 
-#include <algorithm>
-
 namespace
 {
 
-constexpr TwipsSize DefaultSize{9288, 5532};
+constexpr TwipsSize LargestSize{9288, 5532};
 constexpr const char* MenuItem = "mnuTastiera";
 
 QString shown(const std::string& text) { return QString::fromStdString(text); }
@@ -35,7 +33,7 @@ frmTastiera::~frmTastiera() { close_(); }
 
 void frmTastiera::load()
 {
-    openAtRow(WindowKind::Keyboard, DefaultSize);
+    openWithin(WindowKind::Keyboard, LargestSize);
     Midi.KeyLogActive = true;
     keyboardBytesIntoRange();
     {
@@ -95,45 +93,12 @@ void frmTastiera::close_()
     Arr.keyboardSplit = nullptr;
 }
 
-void frmTastiera::resizeEvent(QResizeEvent* event)
-{
-    ChildWindow::resizeEvent(event);
-    keepWithinLimits();
-}
-
-void frmTastiera::keepWithinLimits()
-{
-    if (!isVisible() || isMaximized() || isMinimized())
-        return;
-    WindowPosition& place = App.WinPos[WindowKind::Keyboard];
-    const WindowPosition now = positionInTwips();
-    if (now.width == place.width && now.height == place.height)
-        return; // it is only being shown
-    keepState(windowState());
-    const TwipsSize allowed{std::min(now.width, DefaultSize.width), std::min(now.height, DefaultSize.height)};
-    place.width = allowed.width;
-    place.height = allowed.height;
-    if (allowed.width != now.width || allowed.height != now.height)
-        resizeInTwips(allowed.width, allowed.height);
-}
-
-/// Required: once the window has been resized or minimised, the row's mark holds its state, 1 for minimised and 0 for
-/// neither; as the window closes it is cleared.
-void frmTastiera::keepState(Qt::WindowStates state)
-{
-    WindowPosition& place = App.WinPos[WindowKind::Keyboard];
-    if (state.testFlag(Qt::WindowMinimized))
-        place.Open = 1;
-    else if (!state.testFlag(Qt::WindowMaximized))
-        place.Open = 0;
-}
-
 // The controls.
 
 void frmTastiera::VScroll_Change(int index, int value)
 {
-    faderMove(index, value);
     Label3[index]->setText(shown(faderText(index, value)));
+    faderMove(index, value);
 }
 
 void frmTastiera::VScroll1_Change(int note)

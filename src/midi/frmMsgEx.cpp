@@ -9,13 +9,11 @@
 #include <QFontDatabase>
 #include <QPlainTextEdit>
 #include <QScrollBar>
-#include <algorithm>
 
 namespace
 {
 
 constexpr int CaptionRow = 91;
-constexpr TwipsSize DefaultSize{5760, 8000};
 constexpr TwipsSize LargestSize{5760, 8000};
 constexpr const char* MenuItem = "mnuMsgEx";
 
@@ -39,7 +37,7 @@ frmMsgEx::frmMsgEx() : ChildWindow("frmMsgEx", &AppState::OtherCount)
     Text1->setFrameShape(QFrame::NoFrame);
     Text1->setContextMenuPolicy(Qt::NoContextMenu);
     setWidget(Text1);
-    openAtRow(WindowKind::MessageMonitor, DefaultSize);
+    openWithin(WindowKind::MessageMonitor, LargestSize);
     if (App.shell)
         App.shell->enableMenuItem(MenuItem, false);
     MsgLogAttach(this);
@@ -57,25 +55,6 @@ void frmMsgEx::unload()
     App.WinPos[WindowKind::MessageMonitor].Open = 0;
     if (App.shell)
         App.shell->enableMenuItem(MenuItem, true);
-}
-
-void frmMsgEx::resizeEvent(QResizeEvent* event)
-{
-    ChildWindow::resizeEvent(event);
-    keepWithinLimits();
-}
-
-void frmMsgEx::keepWithinLimits()
-{
-    if (!isVisible() || isMaximized() || isMinimized())
-        return;
-    const WindowPosition now = positionInTwips();
-    const TwipsSize allowed{std::min(now.width, LargestSize.width), std::min(now.height, LargestSize.height)};
-    WindowPosition& place = App.WinPos[WindowKind::MessageMonitor];
-    place.width = allowed.width;
-    place.height = allowed.height;
-    if (allowed.width != now.width || allowed.height != now.height)
-        resizeInTwips(allowed.width, allowed.height);
 }
 
 void frmMsgEx::clear() { Text1->clear(); }

@@ -17,13 +17,9 @@ public:
 
     void unload() override;
 
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
     void clear() override;
     void append(const std::string& text) override;
-    void keepWithinLimits();
 
     QPlainTextEdit* Text1 = nullptr;
 };

@@ -17,6 +17,8 @@
 #include <QMenu>
 #include <QScrollArea>
 
+#include <algorithm>
+
 ChildWindow::ChildWindow(const char* name, int AppState::*counter) : counter_(counter)
 {
     setObjectName(QLatin1String(name));
@@ -142,6 +144,37 @@ void ChildWindow::openAtRow(int row, TwipsSize standard)
     place.Open = 1;
 }
 
+void ChildWindow::openWithin(int row, TwipsSize largest)
+{
+    WindowPosition& place = App.WinPos[static_cast<std::size_t>(row)];
+    place.width = std::min(place.width, largest.width);
+    place.height = std::min(place.height, largest.height);
+    openAtRow(row, largest);
+    limitedRow_ = row;
+    largest_ = largest;
+    // A window that is minimised hears of no resize, one that comes back of it before its state has changed.
+    connect(this, &QMdiSubWindow::windowStateChanged, this, [&place](Qt::WindowStates before, Qt::WindowStates now) {
+        constexpr Qt::WindowStates NotFree = Qt::WindowMinimized | Qt::WindowMaximized;
+        if (now.testFlag(Qt::WindowMinimized))
+            place.Open = 1;
+        else if ((before & NotFree) && !(now & NotFree))
+            place.Open = 0;
+    });
+}
+
+void ChildWindow::keepWithinLargest()
+{
+    if (limitedRow_ == NoRow || !isVisible() || opening_ || !isFree())
+        return;
+    WindowPosition& place = App.WinPos[static_cast<std::size_t>(limitedRow_)];
+    place.Open = 0;
+    const WindowPosition now = positionInTwips();
+    place.width = std::min(now.width, largest_.width);
+    place.height = std::min(now.height, largest_.height);
+    if (place.width != now.width || place.height != now.height)
+        resizeInTwips(place.width, place.height);
+}
+
 void ChildWindow::keepInRow(int row) const
 {
     WindowPosition& place = App.WinPos[static_cast<std::size_t>(row)];
@@ -230,6 +263,7 @@ void ChildWindow::showEvent(QShowEvent* event)
         counted_ = true;
         if (counter_)
             ++(App.*counter_);
+        const ScopedFlag opening(opening_);
         applyPlace();
     }
     QMdiSubWindow::showEvent(event);
@@ -239,6 +273,7 @@ void ChildWindow::resizeEvent(QResizeEvent* event)
 {
     QMdiSubWindow::resizeEvent(event);
     rememberUsersHand();
+    keepWithinLargest();
     if (isVisible() && !placing_ && App.shell)
         App.shell->MenuSync();
 }

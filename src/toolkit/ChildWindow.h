@@ -35,6 +35,10 @@ public:
     /// Opens at the place that a row of WinPos keeps, in the standard size where the row has none yet, and marks the
     /// row as open.
     void openAtRow(int row, TwipsSize standard);
+    /// Opens so in the largest size that the window takes unless it is maximised, its standard size too; a larger one
+    /// is cut to it. From here on each resize keeps the size in the row, and in its mark the window's state: 1 for
+    /// minimised, 0 for neither minimised nor maximised.
+    void openWithin(int row, TwipsSize largest);
     /// Keeps place and size in the row for the next opening. The row counts as closed then, but at the program's exit
     /// it stays as it is, so that the next start shows the window again.
     void keepInRow(int row) const;
@@ -68,11 +72,14 @@ protected:
     void moveEvent(QMoveEvent* event) override;
 
 private:
+    static constexpr int NoRow = -1;
+
     void nameSystemMenu();
     bool isFree() const; ///< neither maximised nor minimised: its rectangle is its own
     void showFree();
     void applyPlace();
     void rememberUsersHand();
+    void keepWithinLargest();
     void leave();
 
     int AppState::*counter_;
@@ -82,6 +89,9 @@ private:
     bool hasPlace_ = false; ///< a place was given; until then the area finds one
     bool hasSize_ = false;
     bool placing_ = false;
+    bool opening_ = false;   ///< it is only being shown, no one has resized it
+    int limitedRow_ = NoRow; ///< of WinPos, with the largest size beside it
+    TwipsSize largest_{};
     WindowPosition stored_;
     QRect pixels_; ///< its own rectangle when it was last free; what stored_ stands for
 };

@@ -2,6 +2,7 @@
 #include "keyboard/windows/KeyboardWindow.h"
 
 #include <QScrollArea>
+#include <QScrollBar>
 
 namespace
 {
@@ -238,10 +239,60 @@ TEST_F(frmTastieraTest, itIsNeverLargerThanItsOwnSizeButWhenMaximised)
     window->showMinimized();
     QApplication::processEvents();
     EXPECT_EQ(App.WinPos[15].Open, 1);
+    window->showNormal();
+    QApplication::processEvents();
+    EXPECT_EQ(App.WinPos[15].Open, 0);
     window->showMaximized();
     QApplication::processEvents();
     EXPECT_GT(window->width(), 1300);
     EXPECT_EQ(App.WinPos[15].width, 7500);
+    window->close();
+    App.WinPos[15] = {0, 0, 20000, 6000, 0, 0}; // of a damaged settings file
+    open();
+    EXPECT_EQ(window->size(), QSize(619, 369));
+}
+
+TEST_F(frmTastieraTest, theWholePanelIsSeenWithALargerFontOfTheDesktopToo)
+{
+    const QFont usual = QApplication::font();
+    for (const qreal points : {8.0, 9.0, 11.0, 14.0}) {
+        QFont larger = usual;
+        larger.setPointSizeF(points);
+        QApplication::setFont(larger);
+        open();
+        const auto* scrolled = control<QScrollArea>("content");
+        EXPECT_FALSE(scrolled->horizontalScrollBar()->isVisible()) << points;
+        EXPECT_FALSE(scrolled->verticalScrollBar()->isVisible()) << points;
+        for (const char* name : {"CommHoldChord", "CommAllNoteOff", "CommChiudi", "CheckClickKey", "CheckHoldNote"})
+            EXPECT_LE(control(QLatin1String(name))->sizeHint().width(), control(QLatin1String(name))->width()) << name;
+        window->close();
+    }
+    QApplication::setFont(usual);
+}
+
+TEST_F(frmTastieraTest, theWordsOnThePanelAreThoseOfTheInstrument)
+{
+    open();
+    const std::vector<std::string> captions = {"Volume", "Pan",  "Vel On", "Vel Off", "Att Time", "Rel Time",
+                                               "Bend",   "PMod", "COMod",  "Reverb",  "Chorus"};
+    for (int i = 0; i < 11; ++i)
+        EXPECT_EQ(label("Label2", i).toStdString(), captions.at(static_cast<std::size_t>(i)));
+    struct Word {
+        const char* name;
+        const char* text;
+    };
+    for (const Word& row :
+         {Word{"CommArrPlay", "&ARR PLAY"}, Word{"CommSongPlay", "&SONG PLAY"}, Word{"CommAllNoteOff", "All Notes Off"},
+          Word{"CommHoldChord", "Hold Chord"}, Word{"CheckHoldNote", "Hold Note"}, Word{"CheckClickKey", "Click Key"}})
+        EXPECT_STREQ(control<QAbstractButton>(QLatin1String(row.name))->text().toUtf8(), row.text);
+    for (const Word& row :
+         {Word{"Label1(7)", "Note (Number)"}, Word{"Label1(8)", "Split Point"}, Word{"LabelChannel", "MIDI Channel"},
+          Word{"LabelPanR", "R"}, Word{"LabelPanC", "C"}, Word{"LabelPanL", "L"}})
+        EXPECT_STREQ(control<QLabel>(QLatin1String(row.name))->text().toUtf8(), row.text);
+    // The letters are in line with the fader's ends and its middle.
+    EXPECT_EQ(control("LabelPanR")->y(), control("Label4(1)")->y());
+    EXPECT_EQ(control("LabelPanL")->geometry().bottom(), control("Label5(1)")->geometry().bottom());
+    EXPECT_NEAR(control("LabelPanC")->geometry().center().y(), fader(1)->geometry().center().y(), 1);
 }
 
 TEST_F(frmTastieraTest, atItsOwnSizeKeysAndFadersStandAtTheirTwips)

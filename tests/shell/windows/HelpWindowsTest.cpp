@@ -326,7 +326,7 @@ TEST_F(HelpWindows, theMonitorNeverGrowsBeyondItsLargestSize)
     monitor->resize(300, 250); // pixels of 15 twips
     EXPECT_EQ(App.WinPos[16].width, 4500);
     EXPECT_EQ(App.WinPos[16].height, 3750);
-    EXPECT_EQ(App.WinPos[16].Open, 1);
+    EXPECT_EQ(App.WinPos[16].Open, 0); // the state: neither minimised nor maximised
     monitor->resize(600, 250);
     EXPECT_TRUE(monitor->hasSizeInTwips(5760, 3750));
     EXPECT_EQ(App.WinPos[16].width, 5760);

@@ -206,6 +206,43 @@ TEST_F(Children, aMaximisedWindowThatTheAreaHadPlacedKeepsThatPlace)
     EXPECT_EQ(child->positionInTwips().width, 4500);
 }
 
+TEST_F(Children, withALargestSizeAreCutToItAndKeepSizeAndStateInTheirRow)
+{
+    WindowPosition& row = App.WinPos[WindowKind::Keyboard];
+    row = {300, 150, 20000, 3000, 0, 0};
+    auto* child = new Child(WindowKind::Keyboard);
+    child->openWithin(WindowKind::Keyboard, {6000, 4500});
+    area.addSubWindow(child);
+    child->show();
+    QApplication::processEvents();
+    EXPECT_EQ(child->size(), QSize(400, 200));
+    EXPECT_EQ(row.Open, 1);
+    child->resize(500, 350);
+    EXPECT_EQ(child->size(), QSize(400, 300));
+    EXPECT_EQ(row.Open, 0);
+    child->resize(320, 290);
+    EXPECT_EQ((std::pair{row.width, row.height}), (std::pair{4800, 4350}));
+    child->showMinimized();
+    EXPECT_EQ(row.Open, 1);
+    child->showMaximized();
+    QApplication::processEvents();
+    EXPECT_GT(child->width(), 400);
+    EXPECT_EQ(row.width, 4800);
+    child->showNormal();
+    EXPECT_EQ(child->size(), QSize(320, 290));
+    EXPECT_EQ(row.Open, 0);
+    child->resizeInTwips(6000, 4500);
+    EXPECT_EQ((std::pair{row.width, row.height}), (std::pair{6000, 4500}));
+}
+
+TEST_F(Children, openWithinTheLargestSizeWhereTheRowHasNone)
+{
+    auto* child = new Child(WindowKind::Keyboard);
+    child->openWithin(WindowKind::Keyboard, {6000, 4500});
+    EXPECT_TRUE(child->hasSizeInTwips(6000, 4500));
+    delete child;
+}
+
 TEST_F(Children, showTheProgramsIconInTheirTitleBars)
 {
     const QIcon before = QApplication::windowIcon();
