@@ -199,7 +199,8 @@ TEST_F(StyleMenus, eachFactoryBankHasOneWindow)
     item("mnuStyA")->trigger();
     EXPECT_EQ(titles().size(), 2);
     EXPECT_EQ(title(), "Style A");
-    for (const char* name : {"mnuSalva", "mnuSalvaAs", "mnuLoadSty", "mnuTaglia", "mnuIncolla"})
+    clickRow(active(), 3);
+    for (const char* name : {"mnuSalva", "mnuSalvaAs", "mnuLoadSty", "mnuCopia", "mnuTaglia", "mnuIncolla"})
         EXPECT_FALSE(item(name)->isEnabled()) << name;
 }
 
