@@ -3,6 +3,7 @@
 
 #include "arrangements/ArrBlock.h"
 #include "arrangements/ArrTexts.h"
+#include "core/Dichiarazioni.h"
 #include "files/RowLabels.h"
 #include "files/StyImage.h"
 #include "files/WindowLayout.h"
@@ -16,7 +17,15 @@ constexpr int CodeWidth = 2;
 constexpr int FactoryStyles = 128;
 
 int styleNumber(std::string_view record) { return byteAt(record, ArrBlock::StyleNumber.offset); }
-int styleBank(std::string_view record) { return byteAt(record, ArrBlock::StyleBank.offset); }
+
+/// A factory bank has no styles of its own beside it: its arrangements name the factory's, whatever their flag says.
+int styleBank(std::string_view image, std::string_view record)
+{
+    const int kind = byteAt(image, WindowLayout::KindOffset);
+    const bool factoryBank = kind == WindowKind::ArrBankA || kind == WindowKind::ArrBankB;
+    return factoryBank ? ArrBlock::FactoryBank : byteAt(record, ArrBlock::StyleBank.offset);
+}
+
 bool isUsed(std::string_view record) { return byteAt(record, ArrBlock::Name.offset) != 0; }
 
 } // namespace
@@ -31,7 +40,7 @@ std::string arrRowText(std::string_view image, int row)
     const std::string_view record = arrRecord(image, row);
     if (!isUsed(record))
         return rowCode(row);
-    return rowCode(row) + (styleBank(record) == ArrBlock::UserBank ? " +" : "  ") +
+    return rowCode(row) + (styleBank(image, record) == ArrBlock::UserBank ? " +" : "  ") +
            rowName(slice(record, ArrBlock::Name));
 }
 
@@ -61,7 +70,7 @@ std::vector<std::string> arrStyleEntries(std::string_view image)
     for (int row = 0; row < ArrLayout::RowCount; ++row) {
         const std::string_view record = arrRecord(image, row);
         const int number = styleNumber(record);
-        if (!isUsed(record) || styleBank(record) != ArrBlock::FactoryBank || number >= FactoryStyles ||
+        if (!isUsed(record) || styleBank(image, record) != ArrBlock::FactoryBank || number >= FactoryStyles ||
             listed[static_cast<std::size_t>(number)])
             continue;
         listed[static_cast<std::size_t>(number)] = true;
@@ -81,7 +90,7 @@ std::vector<std::string> arrStyleEntries(std::string_view image)
 std::string arrStyleEntry(std::string_view image, int row)
 {
     const std::string_view record = arrRecord(image, row);
-    return styleEntry(image, styleNumber(record), styleBank(record));
+    return styleEntry(image, styleNumber(record), styleBank(image, record));
 }
 
 std::string arrIdText(int databaseId, int row)
@@ -91,7 +100,7 @@ std::string arrIdText(int databaseId, int row)
 
 bool arrUsesUserStyle(std::string_view image, int row)
 {
-    return styleBank(arrRecord(image, row)) == ArrBlock::UserBank;
+    return styleBank(image, arrRecord(image, row)) == ArrBlock::UserBank;
 }
 
 bool arrUsesBankD(std::string_view image, int row)

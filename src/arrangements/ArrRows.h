@@ -13,7 +13,8 @@
 /// The bytes of record 0 to 63 in a window's image.
 std::string_view arrRecord(std::string_view image, int row);
 
-/// "11 +Name": the panel's code, the mark of a user style, the name; the code alone for an unused record.
+/// "11 +Name": the panel's code, the mark of a user style, the name; the code alone for an unused record. A factory
+/// bank's rows have no mark.
 std::string arrRowText(std::string_view image, int row);
 
 /// All 64 rows.

@@ -21,6 +21,17 @@ TEST_F(ArrRows, readCodeMarkAndNameWithTheMarkAsTheFourthCharacter)
     EXPECT_EQ(arrRowText(image, 9), "22  Bossa           ");
 }
 
+TEST_F(ArrRows, ofABankHaveNoMarkAndNameFactoryStylesWhateverTheFlag)
+{
+    for (const int kind : {2, 3}) {
+        std::string image = imageOf({{0, Block().name("Odd One").style(5, 1)}});
+        image[0] = static_cast<char>(kind);
+        EXPECT_EQ(arrRowText(image, 0), "11  Odd One         ");
+        EXPECT_EQ(arrStyleEntry(image, 0), "Testa Rock (A16)");
+        EXPECT_EQ(arrStyleEntries(image), std::vector<std::string>{"Testa Rock (A16)"});
+    }
+}
+
 TEST_F(ArrRows, ofUnusedRecordsAreTheCodeAlone)
 {
     const std::string image = imageOf({{1, Block().name("X").style(1, 1).set(0, 0)}});
