@@ -2,13 +2,22 @@
 #include "arrangements/QtArrListWindow.h"
 
 #include "arrangements/ArrRows.h"
+#include "arrangements/ArrSends.h"
+#include "arrangements/ArrStages.h"
+#include "core/Reports.h"
+#include "core/ScopedFlag.h"
 #include "core/Shell.h"
+#include "core/StateFiles.h"
+#include "core/Strings.h"
 #include "files/RowLabels.h"
+#include "midi/MIDI.h"
+#include "midi/MsgLog.h"
 #include "toolkit/Choices.h"
 #include "toolkit/RowColumns.h"
 #include "toolkit/RowList.h"
 
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -18,6 +27,7 @@ namespace
 constexpr const char* ListFace = "Arial";
 constexpr int ListPointSize = 10;
 constexpr int ShownCharacters = 20; ///< of a row at the least: code, mark, name
+constexpr int CloseRow = 8;
 
 } // namespace
 
@@ -56,6 +66,11 @@ QPushButton* ArrListWindow::makeButton(QWidget* content, const char* name, const
     return button;
 }
 
+QPushButton* ArrListWindow::makeCloseButton(QWidget* content)
+{
+    return makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
+}
+
 QLineEdit* ArrListWindow::makeReadOnlyText(QWidget* content, const char* name)
 {
     auto* text = new QLineEdit(content);
@@ -64,8 +79,34 @@ QLineEdit* ArrListWindow::makeReadOnlyText(QWidget* content, const char* name)
     return text;
 }
 
+void ArrListWindow::layOut(QWidget* content, QLayout* buttons, QLayout* details)
+{
+    using ArrListLook::Margin;
+    auto* upper = new QHBoxLayout;
+    upper->setSpacing(Margin);
+    upper->addWidget(List1, 1);
+    upper->addLayout(buttons);
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(Margin, Margin, Margin, Margin);
+    layout->setSpacing(Margin);
+    layout->addLayout(upper, 1);
+    layout->addLayout(details);
+    setContent(content);
+}
+
+void ArrListWindow::restorePlace(const SessionEntry& place)
+{
+    if (place.width > 0 && place.height > 0) {
+        placeInTwips(place.left, place.top, place.width, place.height);
+        return;
+    }
+    const TwipsSize size = defaultWindowSize(windowKind());
+    resizeInTwips(size.width, size.height);
+}
+
 void ArrListWindow::fillRows()
 {
+    const ScopedFlag filling{Arr.WindowFilling};
     List1->setAccessibleName(windowTitle());
     QStringList rows;
     for (const std::string& text : arrRowTexts(image()))
@@ -104,6 +145,39 @@ void ArrListWindow::showStyle(const QString& text)
     Combo1->setCurrentIndex(index);
     if (index < 0)
         Combo1->setEditText(text);
+}
+
+bool ArrListWindow::stylesAtHand() const
+{
+    return Tag.at(WindowLayout::StyStateOffset) == WindowLayout::StyState::Real;
+}
+
+bool ArrListWindow::arrLoadWanted() const { return App.AutoArr && differsFromSent(Tag.stem(), App.InfoArr); }
+
+bool ArrListWindow::styLoadWanted(int row, bool preference) const
+{
+    return preference && arrUsesUserStyle(image(), row) && differsFromSent(Tag.stem(), App.InfoSty);
+}
+
+void ArrListWindow::sendArrangements()
+{
+    ArrBlockSend(image());
+    MsgLogAdd(Midi.SysExOutput);
+    Tag.set(WindowLayout::NotSentOffset, 0);
+    InfoArrSet(image());
+    StatusNotice(ArrNotice::None, {});
+}
+
+void ArrListWindow::selectOnInstrument(int row)
+{
+    MsgLogAdd("");
+    MsgLogAdd(ArrSelect(row, windowKind()));
+}
+
+void ArrListWindow::selectAndEndNotice(int row)
+{
+    selectOnInstrument(row);
+    StatusNotice(ArrNotice::None, {});
 }
 
 void ArrListWindow::arrRowRenamed(int row)

@@ -5,9 +5,18 @@
 #include "toolkit/ChildWindow.h"
 
 class QComboBox;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class RowList;
+
+/// Distances in these windows, pixels.
+namespace ArrListLook
+{
+inline constexpr int Margin = 8;
+inline constexpr int GroupGap = 10;            ///< between groups of buttons
+inline constexpr int ButtonGap = GroupGap / 2; ///< between the buttons of a group
+} // namespace ArrListLook
 
 class ArrListWindow : public ChildWindow, protected ArrRowOwner
 {
@@ -22,7 +31,12 @@ protected:
     /// The box always names the selected row's style; opening it only shows which others the file uses.
     void makeStyleBox(QWidget* content);
     static QPushButton* makeButton(QWidget* content, const char* name, const QString& caption);
+    static QPushButton* makeCloseButton(QWidget* content);
     static QLineEdit* makeReadOnlyText(QWidget* content, const char* name);
+    /// The list with its buttons beside it, the details of the selected row below.
+    void layOut(QWidget* content, QLayout* buttons, QLayout* details);
+    /// Opens where its entry was left, in the standard size where it has no place yet.
+    void restorePlace(const SessionEntry& place);
     /// Fills the rows and the box from the Tag; from here on the window hears of renamed rows.
     void fillRows();
     void ArrStyleListFill();
@@ -34,6 +48,19 @@ protected:
     bool rowIsEmpty(int row) const;
     /// The box names the style of a row; of none, or of an empty one, nothing.
     void showStyleOf(int row);
+
+    // What the loads and the selection need of the file.
+    bool stylesAtHand() const;
+    /// The first click on a row is to load the file: that is wanted, and the instrument was last sent another one.
+    bool arrLoadWanted() const;
+    /// `preference`: the user wants the styles loaded with a row that uses one of them.
+    bool styLoadWanted(int row, bool preference) const;
+    /// Sends the 64 records; the instrument has this file from then on.
+    void sendArrangements();
+    /// Selects the row on the instrument, and says so to the monitor.
+    void selectOnInstrument(int row);
+    /// The same as the end of a click or a load: the notice goes.
+    void selectAndEndNotice(int row);
 
     const WindowBuffer& arrImage() const override { return Tag; }
     void arrRowRenamed(int row) override;

@@ -2,17 +2,14 @@
 #include "arrangements/frmArrAB.h"
 
 #include "arrangements/ArrRows.h"
-#include "arrangements/ArrSends.h"
 #include "arrangements/ArrStages.h"
 #include "arrangements/ArrWindowBuilder.h"
 #include "core/Reports.h"
 #include "core/Shell.h"
-#include "core/Strings.h"
 #include "files/FileReaders.h"
 #include "files/RowLabels.h"
 #include "files/Saving.h"
 #include "midi/DeviceModes.h"
-#include "midi/MsgLog.h"
 #include "toolkit/RowList.h"
 
 #include <QGridLayout>
@@ -25,9 +22,6 @@ namespace
 
 // Captions are the same in both languages.
 constexpr const char* LabelCaptions[] = {"ID", "Style"};
-constexpr int CloseRow = 8;
-constexpr int Margin = 8;
-constexpr int GroupGap = 10;
 
 constexpr int CodeBankAMissing = 14;
 constexpr int CodeBankBMissing = 15;
@@ -68,7 +62,7 @@ void frmArrAB::buildControls()
     makeList(content);
     CommArrPlay = makeButton(content, "CommArrPlay", QStringLiteral("ARR PLAY"));
     CommSongPlay = makeButton(content, "CommSongPlay", QStringLiteral("SONG PLAY"));
-    CommClose = makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
+    CommClose = makeCloseButton(content);
     Label1.create([&](int index) { return new QLabel(QLatin1String(LabelCaptions[index]), content); });
     makeStyleBox(content);
     Text1 = makeReadOnlyText(content, "Text1");
@@ -76,28 +70,19 @@ void frmArrAB::buildControls()
     Label1[1]->setBuddy(Combo1);
 
     auto* buttons = new QVBoxLayout;
-    buttons->setSpacing(GroupGap / 2);
+    buttons->setSpacing(ArrListLook::ButtonGap);
     buttons->addWidget(CommArrPlay);
     buttons->addWidget(CommSongPlay);
     buttons->addStretch(1);
     buttons->addWidget(CommClose);
-    auto* upper = new QHBoxLayout;
-    upper->setSpacing(Margin);
-    upper->addWidget(List1, 1);
-    upper->addLayout(buttons);
     auto* details = new QGridLayout;
-    details->setHorizontalSpacing(Margin);
+    details->setHorizontalSpacing(ArrListLook::Margin);
     details->addWidget(Label1[1], 0, 0);
     details->addWidget(Combo1, 0, 1);
     details->addWidget(Label1[0], 1, 0);
     details->addWidget(Text1, 1, 1);
     details->setColumnStretch(1, 1);
-    auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(Margin, Margin, Margin, Margin);
-    layout->setSpacing(Margin);
-    layout->addLayout(upper, 1);
-    layout->addLayout(details);
-    setContent(content);
+    layOut(content, buttons, details);
 }
 
 void frmArrAB::wireHandlers()
@@ -133,20 +118,14 @@ void frmArrAB::List1_Click()
     if (row < 0)
         return;
     if (second) {
+        showId(row);
+        showStyleOf(row);
         selectOnInstrument(row);
         return;
     }
     const std::string text(trimRight(List1->rowText(row)));
     theUser().showStatusLabel(StatusLabel::Arr, text.size() > CodeAndMark ? text.substr(CodeAndMark) : std::string());
     Timer[0]->enable();
-}
-
-void frmArrAB::selectOnInstrument(int row)
-{
-    showId(row);
-    showStyleOf(row);
-    MsgLogAdd("");
-    MsgLogAdd(ArrSelect(row, windowKind()));
 }
 
 void frmArrAB::showId(int row)

@@ -29,7 +29,6 @@ private:
     void buildControls();
     void wireHandlers();
     void takeRowLookedFor();
-    void selectOnInstrument(int row);
     void showId(int row);
 
     QLineEdit* Text1 = nullptr; ///< the bank's kind and the row's code

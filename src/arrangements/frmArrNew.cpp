@@ -2,13 +2,13 @@
 #include "arrangements/frmArrNew.h"
 
 #include "arrangements/ArrRows.h"
-#include "arrangements/ArrSends.h"
 #include "arrangements/ArrStages.h"
 #include "arrangements/ArrWindowBuilder.h"
+#include "core/PathNames.h"
 #include "core/Reports.h"
+#include "core/ScopedFlag.h"
 #include "core/Shell.h"
 #include "core/StateFiles.h"
-#include "core/Strings.h"
 #include "files/Saving.h"
 #include "midi/DeviceModes.h"
 #include "midi/MIDI.h"
@@ -21,17 +21,9 @@
 #include <QLabel>
 #include <QPushButton>
 
-namespace
-{
-
-constexpr int CloseRow = 8;
-constexpr int Margin = 8;
-constexpr int GroupGap = 10;
-
-} // namespace
-
 frmArrNew::frmArrNew(int number) : ArrListWindow("frmArrNew", &AppState::ArrUCount)
 {
+    const ScopedFlag filling{Arr.WindowFilling};
     Tag = ArrNewTagBuild(number);
     buildControls();
     buildTimers();
@@ -40,7 +32,7 @@ frmArrNew::frmArrNew(int number) : ArrListWindow("frmArrNew", &AppState::ArrUCou
     fillRows();
     enableByContent();
     entry().used = true;
-    restorePlace();
+    restorePlace(entry());
 }
 
 SessionEntry& frmArrNew::entry() const { return App.NewArrangements[static_cast<std::size_t>(Tag.number() - 1)]; }
@@ -52,34 +44,25 @@ void frmArrNew::buildControls()
     CommLoadArr = makeButton(content, "CommLoadArr", QStringLiteral("Load &Arr"));
     CommLoadSty = makeButton(content, "CommLoadSty", QStringLiteral("Load &Styles"));
     CommArrPlay = makeButton(content, "CommArrPlay", QStringLiteral("ARR PLAY"));
-    CommClose = makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
+    CommClose = makeCloseButton(content);
     Label1 = new QLabel(QStringLiteral("Style"), content);
     Label1->setObjectName(QStringLiteral("Label1"));
     makeStyleBox(content);
     Label1->setBuddy(Combo1);
 
     auto* buttons = new QVBoxLayout;
-    buttons->setSpacing(GroupGap / 2);
+    buttons->setSpacing(ArrListLook::ButtonGap);
     buttons->addWidget(CommLoadArr);
     buttons->addWidget(CommLoadSty);
-    buttons->addSpacing(GroupGap);
+    buttons->addSpacing(ArrListLook::GroupGap);
     buttons->addWidget(CommArrPlay);
     buttons->addStretch(1);
     buttons->addWidget(CommClose);
-    auto* upper = new QHBoxLayout;
-    upper->setSpacing(Margin);
-    upper->addWidget(List1, 1);
-    upper->addLayout(buttons);
     auto* details = new QHBoxLayout;
-    details->setSpacing(Margin);
+    details->setSpacing(ArrListLook::Margin);
     details->addWidget(Label1);
     details->addWidget(Combo1, 1);
-    auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(Margin, Margin, Margin, Margin);
-    layout->setSpacing(Margin);
-    layout->addLayout(upper, 1);
-    layout->addLayout(details);
-    setContent(content);
+    layOut(content, buttons, details);
 }
 
 void frmArrNew::buildTimers()
@@ -102,7 +85,7 @@ void frmArrNew::buildTimers()
 void frmArrNew::wireHandlers()
 {
     List1->onClick([this] { List1_Click(); });
-    List1->onDelete([this] { List1_Delete(); });
+    List1->onDelete([this] { deleteKey(extensionOf(FileKind::Arr)); });
     connect(CommLoadArr, &QPushButton::clicked, this, [this] { CommLoadArr_Click(); });
     connect(CommLoadSty, &QPushButton::clicked, this, [this] { CommLoadSty_Click(); });
     connect(CommArrPlay, &QPushButton::clicked, this, [] { ModeArrPlay(); });
@@ -113,25 +96,16 @@ void frmArrNew::enableByContent()
 {
     const bool anyUsed = anyArrUsed(image());
     CommLoadArr->setEnabled(anyUsed);
-    CommLoadSty->setEnabled(Tag.at(WindowLayout::StyStateOffset) == WindowLayout::StyState::Real);
+    CommLoadSty->setEnabled(stylesAtHand());
     enableMenuItem("mnuLoadArr", anyUsed);
-}
-
-void frmArrNew::restorePlace()
-{
-    const SessionEntry& place = entry();
-    if (place.width > 0 && place.height > 0) {
-        placeInTwips(place.left, place.top, place.width, place.height);
-        return;
-    }
-    const TwipsSize size = defaultWindowSize(WindowKind::ArrNew);
-    resizeInTwips(size.width, size.height);
 }
 
 // The list.
 
 void frmArrNew::List1_Click()
 {
+    if (Arr.WindowFilling)
+        return;
     if (App.shell)
         App.shell->MenuSync();
     const int row = selectedRow();
@@ -145,7 +119,7 @@ void frmArrNew::List1_Click()
     }
     const int stage = TimerList1->Interval();
     TimerList1->setStage(StageTimer::Rest);
-    if (stage == StageTimer::Rest && App.AutoArr && differsFromSent(Tag.stem(), App.InfoArr)) {
+    if (stage == StageTimer::Rest && arrLoadWanted()) {
         TimerList1->setStage(ArrStage::List1::AfterArrLoad);
         CommLoadArr_Click();
         return;
@@ -158,7 +132,7 @@ void frmArrNew::List1_Click()
             return;
     }
     showStyleOf(row); // also of another row that was clicked while styles went out
-    selectOnInstrument(row);
+    selectAndEndNotice(row);
 }
 
 void frmArrNew::forgetEndedLoad()
@@ -171,7 +145,7 @@ void frmArrNew::forgetEndedLoad()
 bool frmArrNew::loadStyleFirst(int row)
 {
     // A new file has a preference of its own for its styles.
-    if (!App.AutoStyNewArr || !arrUsesUserStyle(image(), row) || !differsFromSent(Tag.stem(), App.InfoSty))
+    if (!styLoadWanted(row, App.AutoStyNewArr))
         return false;
     TimerList1->setStage(ArrStage::List1::AfterStyLoad);
     CommLoadSty_Click();
@@ -179,19 +153,6 @@ bool frmArrNew::loadStyleFirst(int row)
         return true;
     TimerList1->setStage(StageTimer::Rest);
     return false;
-}
-
-void frmArrNew::selectOnInstrument(int row)
-{
-    MsgLogAdd("");
-    MsgLogAdd(ArrSelect(row, WindowKind::ArrNew));
-    StatusNotice(ArrNotice::None, {});
-}
-
-void frmArrNew::List1_Delete()
-{
-    if (App.shell)
-        App.shell->cut();
 }
 
 // The loads.
@@ -206,11 +167,7 @@ void frmArrNew::CommLoadArr_Click()
     }
     // Required: unlike the window on a file, this one changes no mode.
     MsgLogAdd("");
-    ArrBlockSend(image());
-    MsgLogAdd(Midi.SysExOutput);
-    Tag.set(WindowLayout::NotSentOffset, 0);
-    InfoArrSet(image());
-    StatusNotice(ArrNotice::None, {});
+    sendArrangements();
     TimerLoadArr->setStage(StageTimer::Rest);
     if (TimerList1->Interval() == ArrStage::List1::AfterArrLoad)
         TimerList1->enable();
@@ -246,7 +203,7 @@ void frmArrNew::finishStyLoad()
     TimerLoadSty->setStage(StageTimer::Rest);
     InfoStySet(image());
     if (const int row = selectedRow(); row >= 0)
-        selectOnInstrument(row);
+        selectAndEndNotice(row);
     if (TimerList1->Interval() == ArrStage::List1::AfterStyLoad)
         TimerList1->enable();
 }

@@ -22,16 +22,13 @@ private:
     void buildTimers();
     void wireHandlers();
     void enableByContent();
-    void restorePlace();
 
     void List1_Click();
-    void List1_Delete();
     void CommLoadArr_Click();
     void CommLoadSty_Click();
     void beginStyLoad();
     void finishStyLoad();
     bool loadStyleFirst(int row);
-    void selectOnInstrument(int row);
     void forgetEndedLoad();
 
     SessionEntry& entry() const;

@@ -5,7 +5,6 @@
 #include "arrangements/ArrWindowBuilder.h"
 #include "core/PathNames.h"
 #include "core/ScopedFlag.h"
-#include "core/Strings.h"
 #include "database/TvlDBArr.h"
 #include "midi/DeviceModes.h"
 #include "toolkit/RowList.h"
@@ -24,11 +23,6 @@ namespace
 // Captions are the same in both languages.
 constexpr const char* LabelCaptions[] = {"ID", "Style", "Program"};
 
-constexpr int CloseRow = 8;
-
-constexpr int Margin = 8;
-constexpr int GroupGap = 10;
-
 } // namespace
 
 frmArrU::frmArrU(int slot) : ArrListWindow("frmArrU", &AppState::ArrUCount)
@@ -40,7 +34,7 @@ frmArrU::frmArrU(int slot) : ArrListWindow("frmArrU", &AppState::ArrUCount)
     wireHandlers();
     wireTimers();
     loadFile();
-    restorePlace();
+    restorePlace(entry());
     if (Arr.FindIdActive)
         startSearchById();
 }
@@ -53,17 +47,8 @@ void frmArrU::buildControls()
 {
     auto* content = new QWidget;
     makeList(content);
-
-    auto* upper = new QHBoxLayout;
-    upper->setSpacing(Margin);
-    upper->addWidget(List1, 1);
-    upper->addLayout(buttonColumn(content));
-    auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(Margin, Margin, Margin, Margin);
-    layout->setSpacing(Margin);
-    layout->addLayout(upper, 1);
-    layout->addLayout(detailBoxes(content));
-    setContent(content);
+    QLayout* buttons = buttonColumn(content);
+    layOut(content, buttons, detailBoxes(content));
 }
 
 QLayout* frmArrU::buttonColumn(QWidget* content)
@@ -87,15 +72,15 @@ QLayout* frmArrU::buttonColumn(QWidget* content)
         {CommSongPlay, "CommSongPlay", "SONG PLAY", false},
     };
     auto* column = new QVBoxLayout;
-    column->setSpacing(GroupGap / 2);
+    column->setSpacing(ArrListLook::ButtonGap);
     for (const ButtonRow& row : rows) {
         if (row.opensGroup)
-            column->addSpacing(GroupGap);
+            column->addSpacing(ArrListLook::GroupGap);
         row.member = makeButton(content, row.name, QLatin1String(row.fixedCaption));
         column->addWidget(row.member);
     }
     column->addStretch(1);
-    CommClose = makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
+    CommClose = makeCloseButton(content);
     column->addWidget(CommClose);
     return column;
 }
@@ -113,7 +98,7 @@ QLayout* frmArrU::detailBoxes(QWidget* content)
     Label1[2]->setBuddy(Text2);
 
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(Margin);
+    grid->setHorizontalSpacing(ArrListLook::Margin);
     grid->addWidget(Label1[1], 0, 0);
     grid->addWidget(Combo1, 0, 1, 1, 3);
     grid->addWidget(Label1[0], 1, 0);
@@ -194,20 +179,8 @@ void frmArrU::enableByContent()
 
 void frmArrU::enableByStyles()
 {
-    const bool styles = Tag.at(WindowLayout::StyStateOffset) == WindowLayout::StyState::Real;
-    CommLoadSty->setEnabled(styles);
-    CommShowSty->setEnabled(styles);
-}
-
-void frmArrU::restorePlace()
-{
-    const SessionEntry& place = entry();
-    if (place.width > 0 && place.height > 0) {
-        placeInTwips(place.left, place.top, place.width, place.height);
-        return;
-    }
-    const TwipsSize size = defaultWindowSize(WindowKind::ArrFile);
-    resizeInTwips(size.width, size.height);
+    CommLoadSty->setEnabled(stylesAtHand());
+    CommShowSty->setEnabled(stylesAtHand());
 }
 
 void frmArrU::startSearchById()

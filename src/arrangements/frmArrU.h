@@ -33,7 +33,6 @@ private:
     void loadFile();
     void enableByContent();
     void enableByStyles();
-    void restorePlace();
 
     // Handle: the list and the details.
     void List1_Click();
@@ -53,15 +52,12 @@ private:
     void enableEdit(bool enabled);
     void forgetEndedLoad();
     bool loadStyleFirst(int row);
-    void selectOnInstrument(int row);
-    bool hasSelectedRow() const;
 
     // Handle: the staged loads.
     void CommLoadAll_Click();
     void CommLoadArr_Click();
     void CommLoadSty_Click();
     void CommLoadPrg_Click();
-    void sendArrangements();
     void finishArrLoad();
     void beginStyLoad();
     void finishStyLoad();

@@ -1,6 +1,5 @@
 // What the window does with its list, its details and its closing.
 #include "arrangements/ArrRows.h"
-#include "arrangements/ArrSends.h"
 #include "arrangements/ArrSession.h"
 #include "arrangements/ArrStages.h"
 #include "arrangements/frmArrU.h"
@@ -13,7 +12,6 @@
 #include "files/FileReaders.h"
 #include "files/Saving.h"
 #include "midi/DeviceModes.h"
-#include "midi/MsgLog.h"
 #include "toolkit/RowList.h"
 
 #include <QComboBox>
@@ -26,8 +24,6 @@ namespace
 constexpr int InternalRow = 98;
 
 } // namespace
-
-bool frmArrU::hasSelectedRow() const { return selectedRow() >= 0; }
 
 void frmArrU::List1_Click()
 {
@@ -46,7 +42,7 @@ void frmArrU::List1_Click()
 
     const int stage = TimerList1->Interval();
     TimerList1->setStage(StageTimer::Rest);
-    if (stage == StageTimer::Rest && App.AutoArr && differsFromSent(Tag.stem(), App.InfoArr)) {
+    if (stage == StageTimer::Rest && arrLoadWanted()) {
         TimerList1->setStage(ArrStage::List1::AfterArrLoad);
         CommLoadArr_Click();
         return;
@@ -58,7 +54,7 @@ void frmArrU::List1_Click()
         if (Arr.ArrEditOpen && !editHoldsRow(image(), row))
             (void)letEditFollow(row);
         showDetails(row);
-        selectOnInstrument(row);
+        selectAndEndNotice(row);
         return;
     }
     (void)letEditFollow(row); // the list, its details and the instrument go on without an editor that cannot
@@ -66,7 +62,7 @@ void frmArrU::List1_Click()
         ModeArrPlay();
     showDetails(row);
     if (!loadStyleFirst(row))
-        selectOnInstrument(row);
+        selectAndEndNotice(row);
 }
 
 void frmArrU::forgetEndedLoad()
@@ -79,7 +75,7 @@ void frmArrU::forgetEndedLoad()
 
 bool frmArrU::loadStyleFirst(int row)
 {
-    if (!App.AutoSty || !arrUsesUserStyle(image(), row) || !differsFromSent(Tag.stem(), App.InfoSty))
+    if (!styLoadWanted(row, App.AutoSty))
         return false;
     TimerList1->setStage(ArrStage::List1::AfterStyLoad);
     CommLoadSty_Click();
@@ -89,13 +85,6 @@ bool frmArrU::loadStyleFirst(int row)
     // selected at once.
     TimerList1->setStage(StageTimer::Rest);
     return false;
-}
-
-void frmArrU::selectOnInstrument(int row)
-{
-    MsgLogAdd("");
-    MsgLogAdd(ArrSelect(row, WindowKind::ArrFile));
-    StatusNotice(ArrNotice::None, {});
 }
 
 bool frmArrU::letEditFollow(int row)

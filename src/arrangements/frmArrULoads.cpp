@@ -12,6 +12,7 @@
 #include "files/FileReaders.h"
 #include "midi/DeviceModes.h"
 #include "midi/MIDI.h"
+#include "database/TvlDBArr.h"
 #include "midi/MsgLog.h"
 #include "programs/ProgramSends.h"
 #include "styles/StyleSends.h"
@@ -58,15 +59,6 @@ void frmArrU::CommLoadArr_Click()
     sendArrangements();
     TimerLoadArr->setStage(StageTimer::Rest);
     finishArrLoad();
-}
-
-void frmArrU::sendArrangements()
-{
-    ArrBlockSend(image());
-    MsgLogAdd(Midi.SysExOutput);
-    Tag.set(WindowLayout::NotSentOffset, 0);
-    InfoArrSet(image());
-    StatusNotice(ArrNotice::None, {});
 }
 
 void frmArrU::finishArrLoad()
@@ -178,8 +170,8 @@ void frmArrU::finishStyLoad()
 {
     TimerTxSty[0]->setStage(StageTimer::Rest);
     InfoStySet(image());
-    if (hasSelectedRow())
-        selectOnInstrument(selectedRow());
+    if (const int row = selectedRow(); row >= 0)
+        selectAndEndNotice(row);
     if (Arr.LoadingAll && Arr.LoadingAllOwner == this)
         advanceLoadAll(ArrStage::LoadAll::LoadPrg);
     if (TimerList1->Interval() == ArrStage::List1::AfterStyLoad)
@@ -252,6 +244,10 @@ void frmArrU::continueSearch(int stage)
 
 void frmArrU::TimerFindID_Tick()
 {
+    if (DBArr.FindRequest) {
+        TimerFindID->enable(); // a new number was given: its find tells whether this search goes on
+        return;
+    }
     const bool asked = Arr.FindIdActive;
     Arr.FindIdActive = true;
     Arr.FindIdOwner = this;
@@ -281,7 +277,7 @@ void frmArrU::findLoadArr()
     const int row = selectedRow(); // none for an ID whose code names no row
     Arr.FindIdUsesUserStyle = row >= 0 && arrUsesUserStyle(image(), row);
     Arr.FindIdUsesBankD = row >= 0 && arrUsesBankD(image(), row);
-    if (App.AutoArr && differsFromSent(Tag.stem(), App.InfoArr))
+    if (arrLoadWanted())
         CommLoadArr_Click();
     else
         continueSearch(ArrStage::FindID::NoArrLoad);

@@ -193,6 +193,29 @@ TEST_F(BankWindow, aChangedBankAsksAtClosingAndStaysWhenTheDialogIsCancelled)
     EXPECT_EQ(diaryUser.questions[0].text, "The file has changed\nSave changes ?");
 }
 
+TEST_F(BankWindow, theEditorOfItsArrangementIsClosedBeforeIt)
+{
+    frmArrAB* bankA = openBank(2);
+    frmArrAB* bankB = openBank(3);
+    int row = 9;
+    ArrEditLoad(bankB->Tag.bytes(), row);
+    EXPECT_TRUE(bankB->queryUnload()) << "no editor is open";
+    Arr.ArrEditOpen = true;
+    EXPECT_TRUE(bankA->unloadChild()) << "the editor holds the other bank's";
+    EXPECT_TRUE(shell.editorCloses.empty());
+    shell.editorAgrees = false;
+    bankB->Tag.set(WindowLayout::ModifiedOffset, 1);
+    EXPECT_FALSE(bankB->unloadChild());
+    EXPECT_TRUE(bankB->isVisible());
+    EXPECT_TRUE(diaryUser.questions.empty()) << "the bank itself is not asked about before";
+    shell.editorAgrees = true;
+    diaryUser.answers = {7};
+    EXPECT_TRUE(bankB->unloadChild());
+    EXPECT_EQ(shell.editorCloses, (std::vector<std::pair<int, int>>{{3, 0}, {3, 0}}));
+    ASSERT_EQ(diaryUser.questions.size(), 1U);
+    EXPECT_EQ(diaryUser.questions[0].title, "Arr B");
+}
+
 TEST_F(BankWindow, anEditOfItsArrangementIsStoredInTheBankAndShownInItsRow)
 {
     frmArrAB* bank = openBank(2);
@@ -271,6 +294,33 @@ TEST_F(BankWindow, theLoadOfANewFileChangesNoMode)
     EXPECT_EQ(App.InfoArr, " (Untitled 1)");
 }
 
+TEST_F(BankWindow, aSecondPressOfLoadArrSendsAtOnceAndTheTickBeginsAnew)
+{
+    const frmArrNew* window = openNew(1, usualFile());
+    const Lines load = {"status Loading Arrangement", "F0 42 32 4D 64 (12002)", "status"};
+    press(window, "CommLoadArr");
+    press(window, "CommLoadArr");
+    EXPECT_EQ(diary, load);
+    EXPECT_EQ(timer(window, "TimerLoadArr")->Interval(), 10);
+    ASSERT_TRUE(settled(window));
+    EXPECT_EQ(diary, joined({load, load}));
+}
+
+TEST_F(BankWindow, theTimersOfTheMenuItemsBeginTheLoads)
+{
+    frmArrNew* window = openNew(1, usualFile());
+    window->Tag.setStyleArea(styles());
+    window->Tag.set(WindowLayout::StyStateOffset, 2);
+    timer(window, "TimerLoadArr")->enable();
+    ASSERT_TRUE(settled(window));
+    EXPECT_EQ(diary, (Lines{"status Loading Arrangement", "F0 42 32 4D 64 (12002)", "status"}));
+    diary.clear();
+    timer(window, "TimerLoadSty")->enable();
+    ASSERT_TRUE(settled(window));
+    EXPECT_EQ(diary, styleGroups()) << "no row is selected";
+    EXPECT_EQ(App.InfoSty, " (Untitled 1)");
+}
+
 TEST_F(BankWindow, theFirstClickOfANewFileLoadsItWhereThatIsWanted)
 {
     App.AutoArr = true;
@@ -308,6 +358,16 @@ TEST_F(BankWindow, theStylesOfANewFileFollowTheirOwnPreference)
     EXPECT_EQ(diary, selection(1)) << "the styles are in the instrument now";
 }
 
+TEST_F(BankWindow, aRowOfANewFileIsSelectedAtOnceWithoutItsStyles)
+{
+    App.AutoStyNewArr = true;
+    const frmArrNew* window = openNew(1, usualFile());
+    clickRow(window, 1);
+    EXPECT_EQ(diary, selection(1));
+    EXPECT_EQ(timer(window, "TimerList1")->Interval(), 10);
+    EXPECT_EQ(style(window), "UserStyle2 (U13)");
+}
+
 TEST_F(BankWindow, theGroupsOfANewFileAreASecondApart)
 {
     frmArrNew* window = openNew(1, usualFile());
@@ -336,6 +396,60 @@ TEST_F(BankWindow, aModifiedNewFileAsksForANameAtClosing)
     EXPECT_FALSE(App.NewArrangements[1].used);
     ASSERT_EQ(diaryUser.questions.size(), 2U);
     EXPECT_EQ(diaryUser.questions[0].title, "New File Arr - Untitled.arr (2)");
+}
+
+TEST_F(BankWindow, aNewFileThatClosesInTheMiddleOfALoadTakesItsNoticeAlong)
+{
+    frmArrNew* window = openNew(1, usualFile());
+    press(window, "CommLoadArr");
+    EXPECT_TRUE(window->unloadChild());
+    EXPECT_EQ(diary, (Lines{"status Loading Arrangement", "status"}));
+    diary.clear();
+    window = openNew(2, usualFile());
+    window->Tag.setStyleArea(styles());
+    window->Tag.set(WindowLayout::StyStateOffset, 2);
+    window->contentChanged();
+    press(window, "CommLoadSty");
+    EXPECT_TRUE(window->unloadChild());
+    EXPECT_EQ(diary, (Lines{"status Loading Style", "status"}));
+    QTest::qWait(SecondPassLater);
+    EXPECT_TRUE(longMessages().empty());
+}
+
+TEST_F(BankWindow, aNewFileKeepsItsNumbersPlaceAndGivesItsMenuItemBack)
+{
+    frmArrNew* window = openNew(4, usualFile());
+    EXPECT_TRUE(window->hasSizeInTwips(4810, 7780)) << "the standard size";
+    EXPECT_TRUE(shell.items["mnuLoadArr"]);
+    window->placeInTwips(900, 600, 5100, 6000);
+    EXPECT_TRUE(window->unloadChild());
+    EXPECT_TRUE(diaryUser.questions.empty()) << "nothing was changed";
+    EXPECT_FALSE(App.NewArrangements[3].used);
+    EXPECT_TRUE(shell.items["mnuNuovoArr"]);
+    EXPECT_EQ(App.ArrUCount, 0);
+    window = openNew(4, usualFile());
+    const WindowPosition place = window->positionInTwips();
+    EXPECT_EQ(place.left, 900);
+    EXPECT_EQ(place.top, 600);
+    EXPECT_EQ(place.width, 5100);
+    EXPECT_EQ(place.height, 6000);
+    shell.items.clear();
+    App.AppClosing = true;
+    EXPECT_TRUE(window->unloadChild());
+    EXPECT_FALSE(shell.items.contains("mnuNuovoArr")) << "the menus stand still at the exit";
+}
+
+TEST_F(BankWindow, theOtherButtonsAndTheDeleteKeyOfANewFile)
+{
+    frmArrNew* window = openNew(1, usualFile());
+    clickRow(window, 0);
+    diary.clear();
+    QTest::keyClick(list(window), Qt::Key_Delete);
+    EXPECT_EQ(shell.cuts, 1);
+    press(window, "CommArrPlay");
+    EXPECT_EQ(diary, Lines{"F0 42 32 4D 4E 0A F7"});
+    press(window, "CommClose");
+    EXPECT_TRUE(window->isHidden());
 }
 
 TEST_F(BankWindow, theTickOfTimerSelectsTheRow)

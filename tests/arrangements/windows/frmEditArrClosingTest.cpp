@@ -143,6 +143,20 @@ TEST_F(Editor, aNewEditorStartsFresh)
     EXPECT_FALSE(editor->PrgFieldSelected());
 }
 
+TEST_F(Editor, anotherRowLeavesTheSwitchesThatTheInstrumentHasAlone)
+{
+    edit(usual());
+    click(button("CommM", 0));
+    click(button("CommS", 2));
+    click(button("EffComm", 1));
+    forget();
+    clickRow(source, 1);
+    EXPECT_EQ(caption(), "Edit Arrangement  song.arr / Second    ");
+    EXPECT_EQ(colours("CommM"), "RR-RRRRRR");
+    EXPECT_EQ(colours("CommS"), "--G------");
+    EXPECT_EQ(button("EffComm", 1)->text(), "Off");
+}
+
 TEST_F(Editor, goesBeforeItsArrangementWindow)
 {
     edit(usual());
