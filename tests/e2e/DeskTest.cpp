@@ -73,6 +73,25 @@ void DeskTest::openSample(const std::string& name)
     desk_->waitFor("frmArrU");
 }
 
+void DeskTest::saveUnder(const std::string& path, bool replaces)
+{
+    desk_->waitFor("QFileDialog", "fileNameEdit");
+    ASSERT_TRUE(waitUntil([&] { return desk_->control("QFileDialog", "fileNameEdit").value("focus") == "1"; }, 5000));
+    desk_->key("Ctrl+A");
+    desk_->type(path);
+    desk_->waitForText("QFileDialog", "fileNameEdit", path);
+    // The first Return may go to the list of proposals under the field.
+    const auto taken = [&] { return desk_->control("MessageBox").there() || !desk_->control("QFileDialog").there(); };
+    for (int tries = 0; tries < 3 && !taken(); ++tries) {
+        desk_->key("Return");
+        waitUntil(taken, 1000);
+    }
+    if (replaces)
+        desk_->click("MessageBox", "CommYes");
+    desk_->waitUntilGone("QFileDialog");
+    desk_->settle();
+}
+
 void DeskTest::expectTaken(const std::vector<std::string>& expected, std::size_t before, int milliseconds)
 {
     std::string whole;

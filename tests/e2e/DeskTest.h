@@ -32,6 +32,9 @@ protected:
     std::string samplePath(const std::string& name) const { return desk_->workFolder() + "/samples/" + name; }
     void openSample(const std::string& name);
 
+    /// Answers the save dialog with a name, and the question about a file that stands there.
+    void saveUnder(const std::string& path, bool replaces);
+
     /// All that the virtual instrument took since the program's start.
     std::string taken() const { return Wire::fileBytes(desk_->stateFolder() + "/VirtualInstrument.syx"); }
     /// Waits until the instrument has taken `expected` behind the first `before` bytes, and nothing else.

@@ -107,29 +107,6 @@ protected:
         return watch.callCount();
     }
 
-    /// Answers the save dialog with a name, and the question about a file that stands there.
-    void saveUnder(const std::string& path, bool replaces)
-    {
-        desk().waitFor("QFileDialog", "fileNameEdit");
-        ASSERT_TRUE(
-            waitUntil([&] { return desk().control("QFileDialog", "fileNameEdit").value("focus") == "1"; }, 5000));
-        desk().key("Ctrl+A");
-        desk().type(path);
-        desk().waitForText("QFileDialog", "fileNameEdit", path);
-        // The first Return may go to the list of proposals under the field.
-        const auto taken = [&] {
-            return desk().control("MessageBox").there() || !desk().control("QFileDialog").there();
-        };
-        for (int tries = 0; tries < 3 && !taken(); ++tries) {
-            desk().key("Return");
-            waitUntil(taken, 1000);
-        }
-        if (replaces)
-            desk().click("MessageBox", "CommYes");
-        desk().waitUntilGone("QFileDialog");
-        desk().settle();
-    }
-
     void waitForSave(const std::string& window)
     {
         desk().waitFor(window);

@@ -224,12 +224,16 @@ void Desk::pressRow(const std::string& window, const std::string& name, int row)
     hands_.click({x + (width < 60 ? width / 2 : 30), y + height / 2});
 }
 
-void Desk::clickRow(const std::string& window, const std::string& name, int row)
+void Desk::clickRow(const std::string& window, const std::string& name, int row, const std::string& modifier)
 {
     const Point list = middle(window, name);
     for (int tries = 0; tries < 100; ++tries) {
         if (!current().probe.ask({"row", window, name, std::to_string(row)}).empty()) {
+            if (!modifier.empty())
+                hands_.hold(modifier);
             pressRow(window, name, row);
+            if (!modifier.empty())
+                hands_.letGo(modifier);
             settle();
             return;
         }

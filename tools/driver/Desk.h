@@ -78,8 +78,8 @@ public:
     void bringForward(const std::string& window);
     void click(const std::string& window, const std::string& name);
     void rightClick(const std::string& window, const std::string& name);
-    /// Presses a row of a list, turning the wheel until it is in sight.
-    void clickRow(const std::string& window, const std::string& name, int row);
+    /// Presses a row of a list, turning the wheel until it is in sight; with "Shift" or "Ctrl" held down.
+    void clickRow(const std::string& window, const std::string& name, int row, const std::string& modifier = {});
     /// The same for what is in sight, without waiting for what comes of it.
     void press(const std::string& window, const std::string& name);
     void pressRow(const std::string& window, const std::string& name, int row);

@@ -118,6 +118,10 @@ void Hands::key(const std::string& keys)
     keysym(symbol, false);
 }
 
+void Hands::hold(const std::string& modifier) { keysym(symbolOf(modifier), true); }
+
+void Hands::letGo(const std::string& modifier) { keysym(symbolOf(modifier), false); }
+
 void Hands::bringForward(unsigned long windowId)
 {
     XEvent event{};

@@ -26,6 +26,9 @@ public:
     void key(const std::string& keys);
     /// Asks the window manager for a window, as a task bar does.
     void bringForward(unsigned long windowId);
+    /// A modifier that stays down while the mouse works: "Shift", "Ctrl".
+    void hold(const std::string& modifier);
+    void letGo(const std::string& modifier);
     /// Types a text of ASCII characters.
     void type(const std::string& text);
 
