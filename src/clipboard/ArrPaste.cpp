@@ -20,7 +20,7 @@ constexpr int PasteArrangementRow = 83;
 
 /// One paste at work: the destination as it will be stored, if it is.
 struct Pasting {
-    WindowBuffer work;
+    WindowBuffer BufferTagDest;
     ListRows rows;
     ByteBuffer styles;        ///< the destination's style area
     std::string_view sources; ///< the snapshot's; none in a bank
@@ -34,21 +34,21 @@ bool isBank(int windowKind) { return windowKind == WindowKind::ArrBankA || windo
 
 void copyRecord(Pasting& paste, int srcRow, int dstRow)
 {
-    ArrRecCopy(srcRow, dstRow, paste.work.bytes(), paste.rows);
-    paste.work.set(ModifiedOffset, 1);
+    ArrRecCopy(srcRow, dstRow, paste.BufferTagDest.bytes(), paste.rows);
+    paste.BufferTagDest.set(ModifiedOffset, 1);
     paste.outcome.enable("CommLoadArr", true);
-    if (paste.work.kind() == WindowKind::ArrFile)
+    if (paste.BufferTagDest.kind() == WindowKind::ArrFile)
         paste.outcome.enable("CommLoadAll", true); // it sends the arrangements first, so it goes with their button
 }
 
 /// The style has gone into the area: the window has styles of its own from now on.
 void keepStyles(Pasting& paste)
 {
-    paste.work.setStyleArea(paste.styles);
-    paste.work.set(StyModifiedOffset, 1);
-    paste.work.set(StyStateOffset, StyState::Real);
+    paste.BufferTagDest.setStyleArea(paste.styles);
+    paste.BufferTagDest.set(StyModifiedOffset, 1);
+    paste.BufferTagDest.set(StyStateOffset, StyState::Real);
     paste.outcome.enable("CommLoadSty", true);
-    if (paste.work.kind() == WindowKind::ArrFile)
+    if (paste.BufferTagDest.kind() == WindowKind::ArrFile)
         paste.outcome.enable("CommShowSty", true);
     paste.styleStored = true;
 }
@@ -64,7 +64,7 @@ Step pasteWithStyle(Pasting& paste, int srcRow, int dstRow)
     const int srcSlot = styleNumberAt(Clipboard.BufferTagSorg, srcRow);
     if (srcSlot >= StyLayout::SlotCount)
         return Step::Abandon; // no file has such a slot: the source is not valid
-    if (paste.work.at(StyStateOffset) == StyState::None) {
+    if (paste.BufferTagDest.at(StyStateOffset) == StyState::None) {
         // Required: the text is that of any error; the title tells what is missing.
         ReportError(GenericError, NoStyleFileTitle, {});
         return Step::Stop;
@@ -83,7 +83,7 @@ Step pasteWithStyle(Pasting& paste, int srcRow, int dstRow)
         break;
     }
     copyRecord(paste, srcRow, dstRow);
-    referToUserStyle(paste.work.bytes(), dstRow, slot);
+    referToUserStyle(paste.BufferTagDest.bytes(), dstRow, slot);
     return Step::Next;
 }
 
@@ -120,14 +120,14 @@ bool pasteRows(Pasting& paste)
 
 ClipOutcome ArrPaste(WindowBuffer& tag, ListRows& rows)
 {
-    if (rowPlaceOf(Clipboard.sourceKind).base != ArrRows.offset)
+    if (rowPlaceOf(Clipboard.sourceKind).RowBase != ArrRows.offset)
         return {};
     Pasting paste{tag, rows, ByteBuffer(tag.styleArea()), {}, {}};
     if (!isBank(Clipboard.sourceKind))
         paste.sources = sliceFrom(Clipboard.BufferTagSorg, StyCompanionOffset);
     if (!pasteRows(paste))
         return {};
-    tag = std::move(paste.work);
+    tag = std::move(paste.BufferTagDest);
     rows = std::move(paste.rows);
     paste.outcome.stored = true;
     // A style window on the same file must not go on with the styles as they were: its next change would undo this one.

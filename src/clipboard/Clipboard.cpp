@@ -43,7 +43,7 @@ void ClipCopy(WindowBuffer& tag, const ListRows& rows)
     if (rowPlaceOf(tag.kind()).count == 0)
         return;
     keepRows(tag.bytes(), rows);
-    if (rowPlaceOf(tag.kind()).base == WindowLayout::ArrRows.offset)
+    if (rowPlaceOf(tag.kind()).RowBase == WindowLayout::ArrRows.offset)
         markUserStyles(tag.bytes());
     Clipboard.BufferTagSorg = tag.bytes();
     Clipboard.sourceKind = tag.kind();

@@ -17,11 +17,21 @@ bool isLinked(const WindowBuffer& styles)
 
 } // namespace
 
+WindowBuffer* StyWindowOfFile(std::string_view path)
+{
+    return OpenWindows::findByPath(WindowKind::StyFile, WindowKind::StyFile, path);
+}
+
+WindowBuffer* ArrWindowOfFile(std::string_view path)
+{
+    return OpenWindows::findByPath(WindowKind::ArrFile, WindowKind::ArrFile, path);
+}
+
 WindowBuffer* linkedStyleWindow(const WindowBuffer& arrangements)
 {
     if (arrangements.kind() != WindowKind::ArrFile)
         return nullptr;
-    WindowBuffer* styles = OpenWindows::findByPath(WindowKind::StyFile, WindowKind::StyFile, arrangements.path());
+    WindowBuffer* styles = StyWindowOfFile(arrangements.path());
     if (!styles || !isLinked(*styles))
         return nullptr;
     styles->setStyleArea(arrangements.styleArea());
@@ -32,7 +42,7 @@ WindowBuffer* linkedArrangementWindow(const WindowBuffer& styles)
 {
     if (!isLinked(styles))
         return nullptr;
-    WindowBuffer* arrangements = OpenWindows::findByPath(WindowKind::ArrFile, WindowKind::ArrFile, styles.path());
+    WindowBuffer* arrangements = ArrWindowOfFile(styles.path());
     if (!arrangements || arrangements->readOnly())
         return nullptr;
     arrangements->setStyleArea(styles.styleArea());

@@ -2,7 +2,13 @@
 // other.
 #pragma once
 
+#include <string_view>
+
 class WindowBuffer;
+
+/// The open window on a style file, or on an arrangement file, of this path without extension; null when there is none.
+WindowBuffer* StyWindowOfFile(std::string_view path);
+WindowBuffer* ArrWindowOfFile(std::string_view path);
 
 /// The open style window that shows the styles of an arrangement window, with those styles put into its buffer; null
 /// when there is none.

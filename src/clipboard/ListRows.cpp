@@ -31,7 +31,7 @@ constexpr int Marked = 1;
 int offsetOfRow(std::string_view buffer, int row)
 {
     const RowPlace place = rowPlaceOf(byteAt(buffer, WindowLayout::KindOffset));
-    return row >= 0 && row < place.count ? place.base + row * WindowLayout::RowSize : lengthOf(buffer);
+    return row >= 0 && row < place.count ? place.RowBase + row * WindowLayout::RowSize : lengthOf(buffer);
 }
 
 } // namespace
@@ -49,7 +49,7 @@ RowPlace rowPlaceOf(int windowKind)
 void keepRows(ByteBuffer& buffer, const ListRows& rows)
 {
     const RowPlace place = rowPlaceOf(byteAt(buffer, WindowLayout::KindOffset));
-    const int needed = place.base + place.count * WindowLayout::RowSize;
+    const int needed = place.RowBase + place.count * WindowLayout::RowSize;
     if (lengthOf(buffer) < needed)
         buffer.resize(static_cast<std::size_t>(needed), ' ');
     for (int index = 0; index < place.count; ++index) {

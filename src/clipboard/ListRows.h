@@ -29,7 +29,7 @@ bool isUsedRow(std::string_view text);
 
 /// Where a kind of window keeps its rows in its buffer; no rows for a kind that the clipboard does not know.
 struct RowPlace {
-    int base = 0; ///< offset of row 0: its mark, then its text
+    int RowBase = 0; ///< offset of row 0: its mark, then its text
     int count = 0;
 };
 RowPlace rowPlaceOf(int windowKind);

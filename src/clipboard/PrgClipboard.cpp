@@ -58,7 +58,7 @@ std::string pasteReference(WindowBuffer& tag, const FactoryBank& bank, int srcRo
 ClipOutcome PrgPaste(WindowBuffer& tag, ListRows& rows)
 {
     const std::optional<FactoryBank> bank = factoryBankOf(Clipboard.sourceKind);
-    if (!bank && rowPlaceOf(Clipboard.sourceKind).base != WindowLayout::PrgRows.offset)
+    if (!bank && rowPlaceOf(Clipboard.sourceKind).RowBase != WindowLayout::PrgRows.offset)
         return {};
     ClipOutcome outcome;
     const Destination destination = destinationOf(rows);

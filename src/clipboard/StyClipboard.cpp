@@ -91,7 +91,7 @@ int firstSelectedSlot(const ListRows& rows, int& selected)
 
 ClipOutcome StyPaste(WindowBuffer& tag, ListRows& rows)
 {
-    if (rowPlaceOf(Clipboard.sourceKind).base != StyRows.offset || rows.size() < StyListRows)
+    if (rowPlaceOf(Clipboard.sourceKind).RowBase != StyRows.offset || rows.size() < StyListRows)
         return {};
     StyWork work{tag, rows, ByteBuffer(tag.styleArea()), {}};
     int selected = 0;

@@ -96,8 +96,10 @@ TEST_F(ArrClipboard, aStyleOfThatNameAlreadyThereIsShared)
     target.select({1}).paste();
     EXPECT_EQ(target.arrRecord(1), withSlot({"My Samba"}, 1));
     EXPECT_EQ(target.styles(), styFile(own));
+    EXPECT_EQ(target.at(2), 2);
     EXPECT_EQ(target.at(3), 1);
     EXPECT_EQ(target.at(9), 0);
+    EXPECT_EQ(target.button("CommLoadArr"), "on");
     EXPECT_EQ(target.button("CommLoadSty"), "");
 }
 
@@ -373,6 +375,28 @@ TEST_F(ArrClipboard, aStyleWithoutRoomForTheEmptyOneStaysUsedByNobody)
     EXPECT_EQ(window.text(0), "11");
     EXPECT_EQ(window.styles(), styFile(tight));
     EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ArrClipboard, aRecordThatNamesAnAbsentSlotIsCutAndNoStyleGoes)
+{
+    DeskWindow window(arrTag(19, 1, "/m/odd", {{0, {"Odd", 9, 1}}, {1, {"Stays", 0, 1}}}, Songs));
+    window.select({0}).cut();
+    EXPECT_EQ(window.text(0), "11");
+    EXPECT_EQ(window.styles(), styFile(Songs));
+    EXPECT_EQ(window.at(9), 1) << "the style area counts as changed all the same";
+    EXPECT_EQ(window.outcome.openAgain, nullptr);
+    EXPECT_EQ(boxes(), Boxes{});
+}
+
+TEST_F(ArrClipboard, aCutStateFollowsNamesNotUsers)
+{
+    // The file was read with styles, but all of them are empty ones: a cut of any row finds that out.
+    DeskWindow window(arrTag(19, 1, "/m/none", {{0, {"A", 3, 0}}, {1, {"B", 4, 0}}}, {Empty, Empty}));
+    ASSERT_EQ(window.at(8), 2);
+    window.select({0}).cut();
+    EXPECT_EQ(window.at(8), 1);
+    EXPECT_EQ(window.button("CommLoadSty"), "off");
+    EXPECT_EQ(window.at(9), 0);
 }
 
 TEST_F(ArrClipboard, aPasteOfACutBringsRowsAndStylesBack)

@@ -196,9 +196,10 @@ protected:
     {
         const ArrView before(act.before);
         const ArrView after(act.window->bytes());
+        const std::string cleared(164, '\0');
         for (int row = 0; row < 64; ++row) {
             const bool cut = act.rows[static_cast<std::size_t>(row)].selected;
-            must(after.record(row) == (cut ? std::string(164, '\0') : std::string(before.record(row))),
+            must(after.record(row) == (cut ? std::string_view(cleared) : before.record(row)),
                  "the selected rows go, the others stay");
         }
         must(before.styles.count() == after.styles.count(), "slots stay");

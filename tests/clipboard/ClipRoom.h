@@ -12,6 +12,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -135,10 +136,13 @@ using Programs = std::vector<std::pair<int, Program>>;
 
 inline std::string prgFile(const Programs& programs)
 {
-    std::string file("KORG\x4D\x00\x00", 7);
-    for (int k = 7; k < 30480; ++k)
-        file += static_cast<char>(k % 251);
-    file.replace(48, 172 * 64, std::string(172 * 64, '\0'));
+    static const std::string blank = [] {
+        std::string bytes("KORG\x4D\x00\x00", 7);
+        for (int k = 7; k < 30480; ++k)
+            bytes += static_cast<char>(k % 251);
+        return bytes.replace(48, 172 * 64, std::string(172 * 64, '\0'));
+    }();
+    std::string file = blank;
     for (const auto& [row, program] : programs) {
         file.replace(static_cast<std::size_t>(48 + 172 * row), 172, program.record());
         if (program.state == 1)
@@ -245,20 +249,24 @@ struct DeskWindow {
     }
 
 private:
+    std::string_view view(int offset) const
+    {
+        return std::string_view(bytes()).substr(static_cast<std::size_t>(offset));
+    }
     std::string arrangementText(int row) const
     {
-        const std::string record = arrRecord(row);
+        const std::string_view record = view(302 + 164 * row);
         if (record[0] == '\0')
             return codeOf(row);
         const bool user = Tag.kind() > 3 && record[18] == 1;
-        return codeOf(row) + (user ? " +" : "  ") + record.substr(0, 16);
+        return (codeOf(row) + (user ? " +" : "  ")).append(record.substr(0, 16));
     }
     std::string programText(int row) const
     {
-        const std::string record = prgRecord(row);
+        const std::string_view record = view(318 + 172 * row);
         if (record[0] == '\0')
             return codeOf(row);
-        return codeOf(row) + (record[0] == 1 ? " *" : "  ") + record.substr(3, 16);
+        return (codeOf(row) + (record[0] == 1 ? " *" : "  ")).append(record.substr(3, 16));
     }
     std::string styleText(int row) const
     {

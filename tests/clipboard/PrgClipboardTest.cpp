@@ -90,6 +90,41 @@ TEST_F(PrgClipboard, aPasteStopsAtARowInUseAndAtTheLastRow)
     EXPECT_EQ(target.prgRecord(1), Organ.record());
 }
 
+TEST_F(PrgClipboard, aPasteThatFindsNoRoomChangesNothing)
+{
+    DeskWindow source(song());
+    DeskWindow target(prgTag(21, 2, "/m/two", {{1, Organ}}));
+    const std::string before = target.bytes();
+    source.select({0}).copy();
+    for (const int row : {1, -1}) {
+        if (row < 0)
+            target.select({});
+        else
+            target.select({row});
+        target.paste();
+        EXPECT_EQ(target.bytes(), before) << row;
+        EXPECT_EQ(target.button("CommLoad"), "") << row;
+    }
+}
+
+TEST_F(PrgClipboard, aFileThatSaysTheOtherKindIsSetRightByAPasteAndByACut)
+{
+    DeskWindow source(song());
+    for (const bool cutting : {false, true}) {
+        std::string tag = prgTag(21, 2, "/m/two", {{1, Organ}, {2, Piano}});
+        tag.replace(270, 4, "KPGG");
+        tag[18] = 1;
+        DeskWindow target(tag);
+        source.select({0}).copy();
+        if (cutting)
+            target.select({1}).cut();
+        else
+            target.select({9}).paste();
+        EXPECT_EQ(head(target), "KORG");
+        EXPECT_EQ(target.at(18), 0);
+    }
+}
+
 TEST_F(PrgClipboard, withSeveralRowsSelectedAPasteEndsWithTheSelection)
 {
     DeskWindow source(song());

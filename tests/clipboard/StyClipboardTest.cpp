@@ -100,6 +100,19 @@ TEST_F(StyClipboard, aStyleInUseIsNeverWrittenOver)
     EXPECT_EQ(target.styles(), styFile({Songs[0], own[1], Empty, Empty}));
 }
 
+TEST_F(StyClipboard, aShorterStyleShrinksTheFileAndTheLaterSlotsKeepTheirNames)
+{
+    DeskWindow source(song());
+    DeskWindow target(styTag(23, 2, "/m/two", {Empty, {"Mine", 90, 7}, Empty, {"Yours", 80, 8}, {"Last", 70, 9}}));
+    source.select({0}).copy();
+    target.select({2}).paste();
+    EXPECT_EQ(target.styles(), styFile({Empty, {"Mine", 90, 7}, Songs[0], {"Yours", 80, 8}, {"Last", 70, 9}}));
+    EXPECT_EQ(target.shown("Text3"), "1680"); // 224 + 1176 + 90 + 40 + 80 + 70
+    target.list();
+    EXPECT_EQ(target.text(3), "14  Yours");
+    EXPECT_EQ(target.text(5), "15  Last");
+}
+
 TEST_F(StyClipboard, withSeveralRowsSelectedAPasteEndsWithTheSelection)
 {
     DeskWindow source(song());
@@ -172,6 +185,21 @@ TEST_F(StyClipboard, cutMakesEmptyStylesAndKeepsTheButtons)
     EXPECT_TRUE(window.outcome.buttons.empty());
 }
 
+TEST_F(StyClipboard, aStyleWithoutRoomForTheEmptyOneIsNotCut)
+{
+    const std::vector<Style> tight{{"Small", 1000, 1}, {"B", 30000}, {"C", 30000}, {"D", 18900}}; // 79900, 176 more
+    DeskWindow window(styTag(23, 1, "/m/tight", tight));
+    window.select({0}).cut();
+    EXPECT_EQ(window.styles(), styFile(tight));
+    EXPECT_EQ(window.text(0), "11  Small");
+    EXPECT_EQ(window.at(9), 0);
+    EXPECT_EQ(window.shown("Text1(0)"), "");
+    EXPECT_EQ(boxes(), Boxes{});
+    window.select({0, 1}).cut();
+    EXPECT_EQ(window.styles(), styFile({tight[0], Empty, tight[2], tight[3]})) << "the next row goes on";
+    EXPECT_EQ(window.at(9), 1);
+}
+
 TEST_F(StyClipboard, aPasteOfACutBringsTheStylesBack)
 {
     DeskWindow window(song());
@@ -197,6 +225,21 @@ TEST_F(StyClipboard, aLinkedWindowPassesItsStylesOn)
     EXPECT_EQ(arrangements.bytes(), expected);
     window.select({2}).paste();
     EXPECT_EQ(arrangements.styles(), window.styles());
+}
+
+TEST_F(StyClipboard, aPasteThatIsRefusedPassesTheStylesOnAllTheSame)
+{
+    DeskWindow arrangements(arrTag(19, 4, "/m/full", {}, std::vector<Style>(4, Songs[0])));
+    DeskWindow window(styTag(23, 1, "/m/full", std::vector<Style>(4, Songs[0])));
+    App.Styles[0].linked = true;
+    DeskWindow source(song());
+    source.select({0}).copy();
+    window.select({7}).paste(); // a slot that has no place
+    EXPECT_EQ(boxes().size(), 1U);
+    EXPECT_EQ(window.at(9), 0);
+    EXPECT_EQ(window.outcome.alsoChanged, &arrangements.Tag);
+    EXPECT_EQ(arrangements.at(9), 1);
+    EXPECT_EQ(arrangements.styles(), styFile(std::vector<Style>(4, Songs[0])));
 }
 
 TEST_F(StyClipboard, aWindowOfItsOwnPassesNothingOn)
