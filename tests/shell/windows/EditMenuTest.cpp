@@ -1,118 +1,6 @@
 // Copy, cut and paste in the real windows: rows chosen by mouse and keys, commands by keys and menus, and what the
 // windows show afterwards.
-#include "MainWindowFixture.h"
-
-#include "arrangements/ArrEdit.h"
-#include "clipboard/ClipRoom.h"
-#include "core/NameTables.h"
-#include "styles/StyleSends.h"
-
-#include <QContextMenuEvent>
-
-namespace
-{
-
-const std::vector<Style> Styles{{"Samba", 40, 1}, {"Tango", 50, 2}, {"- empty -", 30}, {"Valzer", 60, 3}};
-const Arrangements Songs{
-    {0, {"Ballad", 5, 0}}, {1, {"My Samba", 0, 1}}, {2, {"Rock", 127, 0}}, {3, {"My Tango", 1, 1}}};
-
-class EditMenu : public MainWindow
-{
-protected:
-    EditMenu()
-    {
-        Arr = {};
-        StyLoad = {};
-        NameTablesBuild();
-        App.PathArrA =
-            songs.put("TvlArrA", arrFile({{0, {"8 Beat", 3, 0}}, {1, {"16 Beat", 4, 0}}, {2, {"Slow", 5, 0}}}));
-        App.PathPrg = songs.put("TvlPrg", prgFile({}));
-        songs.put("TvlSty", styFile(std::vector<Style>(4, Empty)));
-        StageTimer::setTimeScale(0.01);
-        speak(2);
-    }
-    ~EditMenu() override
-    {
-        window.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        Arr = {};
-        StyLoad = {};
-    }
-
-    ChildWindow* open(const std::string& name, const std::string& file, int fileKind, bool readOnly = false)
-    {
-        window->openPath(songs.put(name, file), fileKind, readOnly);
-        settle();
-        return active();
-    }
-    /// song.arr with its styles, and an empty other.arr.
-    void openSongs()
-    {
-        start();
-        songs.put("song.sty", styFile(Styles));
-        song = open("song.arr", arrFile(Songs), 1);
-        other = open("other.arr", arrFile({}), 1);
-    }
-    ChildWindow* active() { return dynamic_cast<ChildWindow*>(window->area()->activeSubWindow()); }
-    /// Lets the stages of loads and of a reopened window run out.
-    static void settle()
-    {
-        QTest::qWait(30);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    void choose(const char* name)
-    {
-        ASSERT_TRUE(item(name)->isEnabled()) << name;
-        item(name)->trigger();
-        settle();
-    }
-    void activate(ChildWindow* child)
-    {
-        window->area()->setActiveSubWindow(child);
-        QApplication::processEvents();
-    }
-    static QListWidget* list(ChildWindow* child) { return child->findChild<QListWidget*>("List1"); }
-    static QString text(ChildWindow* child, int row) { return list(child)->item(row)->text(); }
-    static QString figure(ChildWindow* child, const char* name) { return child->findChild<QLineEdit*>(name)->text(); }
-    static bool enabled(ChildWindow* child, const char* name)
-    {
-        return child->findChild<QPushButton*>(name)->isEnabled();
-    }
-    static QStringList styleBox(ChildWindow* child)
-    {
-        QStringList entries;
-        const auto* box = child->findChild<QComboBox*>("Combo1");
-        for (int i = 0; i < box->count(); ++i)
-            entries << box->itemText(i);
-        return entries;
-    }
-    void click(ChildWindow* child, int row, Qt::KeyboardModifiers modifiers = {})
-    {
-        QListWidget* rows = list(child);
-        rows->scrollToItem(rows->item(row));
-        QTest::mouseClick(rows->viewport(), Qt::LeftButton, modifiers, rows->visualItemRect(rows->item(row)).center());
-        settle();
-    }
-    /// A key on the list, with the main window active as a player has it.
-    void key(ChildWindow* child, Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::ControlModifier)
-    {
-        window->activateWindow();
-        list(child)->setFocus();
-        QApplication::processEvents();
-        QTest::keyClick(list(child), code, modifiers);
-        settle();
-    }
-    std::string edits()
-    {
-        return std::string(item("mnuCopia")->isEnabled() ? "copy " : "") +
-               (item("mnuTaglia")->isEnabled() ? "cut " : "") + (item("mnuIncolla")->isEnabled() ? "paste " : "");
-    }
-
-    ChildWindow* song = nullptr;
-    ChildWindow* other = nullptr;
-};
-
-} // namespace
+#include "EditMenuDesk.h"
 
 TEST_F(EditMenu, rowsChosenByControlTravelByTheStandardKeys)
 {
@@ -173,6 +61,25 @@ TEST_F(EditMenu, aRangeChosenByShiftIsCutByTheDeleteKeyAndPastedBack)
     EXPECT_EQ(text(song, 1), "12 +My Samba        ");
     EXPECT_EQ(text(song, 3), "14 +My Tango        ");
     EXPECT_TRUE(song->Tag.styleArea() == styFile(Styles));
+}
+
+TEST_F(EditMenu, aFactoryStyleLeavesTheBoxWithItsLastRow)
+{
+    start();
+    song = open("song.arr", arrFile({{0, {"Ballad", 5, 0}}, {1, {"Slow", 5, 0}}, {2, {"Rock", 127, 0}}}), 1);
+    const auto* box = song->findChild<QComboBox*>("Combo1");
+    const QStringList both = styleBox(song);
+    ASSERT_EQ(both.size(), 2);
+    click(song, 0);
+    EXPECT_EQ(box->currentText(), both[0]);
+    key(song, Qt::Key_X);
+    EXPECT_EQ(styleBox(song), both) << "another row plays it";
+    EXPECT_EQ(box->currentText(), "");
+    click(song, 1);
+    key(song, Qt::Key_X);
+    EXPECT_EQ(styleBox(song), QStringList{both[1]});
+    EXPECT_EQ(box->currentText(), "");
+    EXPECT_TRUE(enabled(song, "CommLoadArr"));
 }
 
 TEST_F(EditMenu, allRowsByKeyAreCutByKey)
@@ -337,144 +244,6 @@ TEST_F(EditMenu, stylesTravelAndTheFiguresFollow)
     key(target, Qt::Key_X);
     EXPECT_EQ(text(target, 3), "14  - empty -");
     EXPECT_EQ(figure(target, "Text1(3)"), "1176 ");
-}
-
-TEST_F(EditMenu, aCutWithTheLinkedStyleWindowOpenShowsItAgainWithTheNewStyles)
-{
-    start();
-    songs.put("song.sty", styFile(Styles));
-    songs.put("beats.sty", styFile(Styles));
-    ChildWindow* first = open("first.sty", styFile(Styles), 2); // takes the first slot of the family
-    song = open("song.arr", arrFile(Songs), 1);
-    QTest::mouseClick(song->findChild<QPushButton*>("CommShowSty"), Qt::LeftButton);
-    settle();
-    QPointer<ChildWindow> styles = active();
-    ASSERT_EQ(styles->windowKind(), 23);
-    ASSERT_EQ(styles->Tag.number(), 2);
-    styles->placeInTwips(450, 600, 6000, 5400);
-    first->unloadWithoutAsking(); // the first slot is free again: the window is to come back in its own
-    styles->Tag.set(9, 1);        // modified: its styles are safe with the arrangements, so nothing is asked
-    activate(song);
-    click(song, 1);
-    key(song, Qt::Key_X);
-    EXPECT_TRUE(styles.isNull()) << "the window has gone";
-    ChildWindow* again = active();
-    ASSERT_EQ(again->windowKind(), 23);
-    EXPECT_EQ(again->Tag.number(), 2);
-    EXPECT_EQ(again->positionInTwips().left, 450);
-    EXPECT_EQ(again->positionInTwips().width, 6000);
-    EXPECT_EQ(text(again, 0), "11  - empty -");
-    EXPECT_EQ(text(again, 1), "12  Tango");
-    EXPECT_TRUE(again->Tag.styleArea() == song->Tag.styleArea());
-    EXPECT_TRUE(user.questions.empty());
-    EXPECT_TRUE(App.Styles[1].used);
-    EXPECT_TRUE(App.Styles[1].linked);
-    EXPECT_EQ(App.StyUCount, 1);
-    activate(song);
-    click(song, 1);
-    key(song, Qt::Key_V);
-    EXPECT_EQ(text(active(), 0), "11  Samba") << "a style that comes back is shown there too";
-}
-
-TEST_F(EditMenu, aCutAndPasteInTheLinkedStyleWindowReachesTheArrangementWindow)
-{
-    openSongs();
-    activate(song);
-    QTest::mouseClick(song->findChild<QPushButton*>("CommShowSty"), Qt::LeftButton);
-    settle();
-    ChildWindow* styles = active();
-    ASSERT_EQ(styles->windowKind(), 23);
-    click(styles, 3);
-    key(styles, Qt::Key_X);
-    EXPECT_TRUE(song->Tag.styleArea() == styFile({Styles[0], Styles[1], Styles[2], Empty}));
-    EXPECT_EQ(song->Tag.at(9), 1);
-    EXPECT_EQ(styleBox(song).last(), "Tango (U12)");
-    click(styles, 2);
-    key(styles, Qt::Key_V);
-    EXPECT_EQ(styleBox(song).last(), "Valzer (U13)");
-}
-
-TEST_F(EditMenu, anArrangementWindowThatClosesBeforeItsStylesCameAgainFreesTheirSlot)
-{
-    openSongs();
-    activate(song);
-    QTest::mouseClick(song->findChild<QPushButton*>("CommShowSty"), Qt::LeftButton);
-    settle();
-    activate(song);
-    click(song, 1);
-    StageTimer::setTimeScale(100); // the tick is far away
-    item("mnuTaglia")->trigger();
-    song->unloadWithoutAsking();
-    StageTimer::setTimeScale(0.01);
-    settle();
-    EXPECT_FALSE(App.Styles[0].used);
-    EXPECT_EQ(App.StyUCount, 0);
-}
-
-TEST_F(EditMenu, theEditorDoesNotOutliveTheRowThatItHolds)
-{
-    openSongs();
-    activate(song);
-    click(song, 1);
-    QTest::mouseClick(song->findChild<QPushButton*>("CommEdit"), Qt::LeftButton);
-    settle();
-    QPointer<ChildWindow> editor = active();
-    ASSERT_EQ(editor->windowKind(), 13);
-    Arr.ArrEditBuf.replace(0, 10, "Your Samba");
-    Arr.ArrEditDirty = true;
-    activate(song);
-    user.answers = {Answer::Cancel};
-    key(song, Qt::Key_X);
-    EXPECT_EQ(text(song, 1), "12 +My Samba        ") << "the user goes on editing";
-    EXPECT_FALSE(editor.isNull());
-    user.answers = {Answer::Yes};
-    key(song, Qt::Key_X);
-    EXPECT_TRUE(editor.isNull());
-    EXPECT_EQ(text(song, 1), "12");
-    EXPECT_EQ(Clipboard.BufferTagSorg.substr(302 + 164, 10), "Your Samba") << "what was edited is cut";
-    EXPECT_TRUE(user.warnings.empty());
-}
-
-TEST_F(EditMenu, theEditorOfAnotherRowStays)
-{
-    openSongs();
-    activate(song);
-    click(song, 1);
-    QTest::mouseClick(song->findChild<QPushButton*>("CommEdit"), Qt::LeftButton);
-    settle();
-    QPointer<ChildWindow> editor = active();
-    activate(song);
-    list(song)->clearSelection();
-    list(song)->setCurrentRow(2);
-    window->MenuSync();
-    key(song, Qt::Key_X);
-    EXPECT_EQ(text(song, 2), "13");
-    EXPECT_FALSE(editor.isNull());
-}
-
-TEST_F(EditMenu, theLinkEndsWithTheArrangementWindow)
-{
-    openSongs();
-    activate(song);
-    QTest::mouseClick(song->findChild<QPushButton*>("CommShowSty"), Qt::LeftButton);
-    settle();
-    ChildWindow* styles = active();
-    song->unloadWithoutAsking();
-    settle();
-    EXPECT_TRUE(App.Styles[0].used);
-    activate(styles);
-    click(styles, 0);
-    key(styles, Qt::Key_X);
-    song = open("song.arr", arrFile(Songs), 1); // its styles are those of the disk
-    EXPECT_TRUE(song->Tag.styleArea() == styFile(Styles));
-    click(song, 1);
-    key(song, Qt::Key_X);
-    EXPECT_EQ(text(song, 1), "12");
-    activate(styles);
-    click(styles, 1);
-    key(styles, Qt::Key_X);
-    EXPECT_TRUE(song->Tag.styleArea() == styFile({Empty, Styles[1], Styles[2], Styles[3]}));
-    EXPECT_TRUE(styles->Tag.styleArea() == styFile({Empty, Empty, Styles[2], Styles[3]}));
 }
 
 TEST_F(EditMenu, theSnapshotOutlivesItsWindow)
