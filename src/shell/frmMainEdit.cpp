@@ -3,9 +3,11 @@
 #include "arrangements/ArrEdit.h"
 #include "clipboard/Clipboard.h"
 #include "clipboard/QtClipboard.h"
+#include "core/Dichiarazioni.h"
 #include "shell/frmMain.h"
 #include "toolkit/ChildWindow.h"
 
+#include <QAbstractButton>
 #include <QListWidget>
 
 ChildWindow* frmMain::childToEdit(bool EditItems::*item) const
@@ -29,6 +31,12 @@ bool frmMain::editorLeavesRows(const ChildWindow& child)
 
 void frmMain::mnuTaglia_Click(int)
 {
+    // The database window has a delete of its own, and nothing of it goes to the clipboard.
+    if (const ChildWindow* active = activeChild(); active && active->windowKind() == WindowKind::EditDatabase) {
+        if (auto* button = active->findChild<QAbstractButton*>(QStringLiteral("CommDelete")))
+            button->click();
+        return;
+    }
     if (ChildWindow* child = childToEdit(&EditItems::cut); child && editorLeavesRows(*child))
         cutRows(*child);
 }

@@ -151,21 +151,25 @@ TEST_F(DatabaseDesk, addAllFillsTheList)
 
 TEST_F(DatabaseDesk, deleteKeepsTheSelectionInItsPlace)
 {
-    putDatabase({{"a", 3}, {"b", 4}, {"c", 5}});
+    putDatabase({{"a", 3}, {"b", 4}, {"c", 5}, {"d", 6}});
     start();
     ChildWindow* shown = openDatabase();
     auto* list = control<QListWidget>(shown, "List1");
     press(shown, "CommDelete");
     settle();
-    EXPECT_EQ(rows(shown).size(), 5) << "no row is selected";
+    EXPECT_EQ(rows(shown).size(), 6) << "no row is selected";
     clickRow(shown, 3);
     press(shown, "CommDelete");
     settle();
-    EXPECT_EQ(rows(shown), (QStringList{"1\tTvlArrA", "2\tTvlArrB", "3\ta.arr", "5\tc.arr"}));
+    EXPECT_EQ(rows(shown), (QStringList{"1\tTvlArrA", "2\tTvlArrB", "3\ta.arr", "5\tc.arr", "6\td.arr"}));
     EXPECT_EQ(list->currentRow(), 3);
-    EXPECT_EQ(onDisk(), database({{"a", 3}, {"c", 5}}, songs.path()));
+    EXPECT_EQ(onDisk(), database({{"a", 3}, {"c", 5}, {"d", 6}}, songs.path()));
     item("mnuCancella")->trigger();
     settle();
+    EXPECT_EQ(onDisk(), database({{"a", 3}, {"d", 6}}, songs.path()));
+    window->mnuTaglia_Click(0); // the menu does not offer it here; it is the window's own delete all the same
+    settle();
+    EXPECT_EQ(onDisk(), database({{"a", 3}}, songs.path()));
     QTest::keyClick(list, Qt::Key_Delete);
     settle();
     EXPECT_EQ(rows(shown), (QStringList{"1\tTvlArrA", "2\tTvlArrB"}));
