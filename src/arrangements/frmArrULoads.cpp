@@ -12,6 +12,7 @@
 #include "files/FileReaders.h"
 #include "midi/DeviceModes.h"
 #include "midi/MIDI.h"
+#include "database/TvlDBArr.h"
 #include "midi/MsgLog.h"
 #include "programs/ProgramSends.h"
 #include "styles/StyleSends.h"
@@ -243,6 +244,10 @@ void frmArrU::continueSearch(int stage)
 
 void frmArrU::TimerFindID_Tick()
 {
+    if (DBArr.FindRequest) {
+        TimerFindID->enable(); // a new number was given: its find tells whether this search goes on
+        return;
+    }
     const bool asked = Arr.FindIdActive;
     Arr.FindIdActive = true;
     Arr.FindIdOwner = this;

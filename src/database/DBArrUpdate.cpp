@@ -228,6 +228,8 @@ int DBArrAddAll()
     if (const int error = files.read(dbArrFolder(table.bytes())); error != 0)
         return reportFileError(error);
     const std::vector<std::string> names = files.arrangements();
+    if (DBArr.folderListed)
+        DBArr.folderListed(dbArrFolder(table.bytes()), names);
     {
         Progress progress(names.size());
         FileHead head;

@@ -40,9 +40,14 @@ struct DBArrState {
     bool DBArrWindowOpen = false; ///< the buffer is current: frmEditDBArr shows it
     std::string ArrFileName;      ///< the file being handled: its name without extension
     std::string ArrFileFolder;    ///< and its folder, without a closing separator
+    /// A number was given and its find comes in a fresh event: what other timers would do to the database or the
+    /// instrument waits for it.
+    bool FindRequest = false;
 
     /// Set by frmEditDBArr while it is open: the buffer holds another list.
     std::function<void()> listChanged;
+    /// Set by it too: the folder whose files are all added, and its arrangement files in their order.
+    std::function<void(const std::string& folder, const std::vector<std::string>& names)> folderListed;
     /// Set by the shell: show an arrangement that was found. The row is 0 to 63, or above for a code that names none;
     /// the path is full and without extension.
     std::function<void(int windowKind, int row)> findInBank;

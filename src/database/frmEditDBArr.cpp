@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -53,6 +54,15 @@ QLabel* makeLabel(QWidget* parent, const char* name, const QString& text = {})
     return label;
 }
 
+QListWidget* makeHiddenList(QWidget* parent, const char* name, const QString& spoken)
+{
+    auto* list = new QListWidget(parent);
+    list->setObjectName(QLatin1String(name));
+    list->setAccessibleName(spoken);
+    list->hide();
+    return list;
+}
+
 } // namespace
 
 frmEditDBArr::frmEditDBArr() : ChildWindow("frmEditDBArr", &AppState::OtherCount)
@@ -68,11 +78,7 @@ frmEditDBArr::frmEditDBArr() : ChildWindow("frmEditDBArr", &AppState::OtherCount
     loadDatabase();
 }
 
-frmEditDBArr::~frmEditDBArr()
-{
-    DBArr.DBArrWindowOpen = false;
-    DBArr.listChanged = nullptr;
-}
+frmEditDBArr::~frmEditDBArr() { leaveDatabase(); }
 
 void frmEditDBArr::buildControls()
 {
@@ -89,6 +95,8 @@ void frmEditDBArr::buildControls()
     layout->setSpacing(Margin);
     layout->addWidget(Label4);
     layout->addLayout(lower, 1);
+    Dir1 = makeHiddenList(content, "Dir1", QLatin1String(DatabaseName));
+    File1 = makeHiddenList(content, "File1", words(FileNameRow));
     setContent(content);
 }
 
@@ -169,9 +177,30 @@ void frmEditDBArr::loadDatabase()
     DBArr.DBArrBuffer = std::move(read.bytes);
     DBArr.DBArrWindowOpen = true;
     DBArr.listChanged = [this] { fillRows(); };
+    DBArr.folderListed = [this](const std::string& folder, const std::vector<std::string>& names) {
+        listFolder(folder, names);
+    };
     fillRows();
     showFolder();
     List1->setFocus();
+}
+
+void frmEditDBArr::leaveDatabase()
+{
+    DBArr.DBArrWindowOpen = false;
+    DBArr.listChanged = nullptr;
+    DBArr.folderListed = nullptr;
+}
+
+void frmEditDBArr::listFolder(const std::string& folder, const std::vector<std::string>& names)
+{
+    QStringList files;
+    for (const std::string& name : names)
+        files << QFile::decodeName(name.c_str());
+    Dir1->clear();
+    Dir1->addItem(QFile::decodeName(folder.c_str()));
+    File1->clear();
+    File1->addItems(files);
 }
 
 void frmEditDBArr::fillRows()
@@ -278,7 +307,6 @@ void frmEditDBArr::TimerApri_Tick()
 
 void frmEditDBArr::unload()
 {
-    DBArr.DBArrWindowOpen = false;
-    DBArr.listChanged = nullptr;
+    leaveDatabase();
     keepInRow(WindowKind::EditDatabase);
 }

@@ -5,8 +5,12 @@
 
 #include "toolkit/ChildWindow.h"
 
+#include <string>
+#include <vector>
+
 class QLabel;
 class QLayout;
+class QListWidget;
 class QPushButton;
 class RowList;
 class StageTimer;
@@ -40,7 +44,9 @@ private:
     void TimerAddAll_Tick();
     void TimerCancella_Tick();
     void TimerApri_Tick();
+    void leaveDatabase();
     void fillRows();
+    void listFolder(const std::string& folder, const std::vector<std::string>& names);
     void showFolder();
     void enableButtons();
     int selectedRow() const; ///< from 0; -1 without a selected row
@@ -48,8 +54,10 @@ private:
     RowList* List1 = nullptr;
     QLabel* Label1 = nullptr; ///< headings
     QLabel* Label2 = nullptr;
-    QLabel* Label3 = nullptr; ///< how many rows of how many
-    QLabel* Label4 = nullptr; ///< the working folder
+    QLabel* Label3 = nullptr;     ///< how many rows of how many
+    QLabel* Label4 = nullptr;     ///< the working folder
+    QListWidget* Dir1 = nullptr;  ///< never shown: the folder that Add All goes through
+    QListWidget* File1 = nullptr; ///< and its "*.arr" files, in the order in which they are added
     QPushButton* CommAddAll = nullptr;
     QPushButton* CommDelete = nullptr;
     QPushButton* CommApri = nullptr;

@@ -8,6 +8,7 @@
 #include "core/Strings.h"
 #include "core/Words.h"
 #include "database/FindID.h"
+#include "database/TvlDBArr.h"
 #include "toolkit/StageTimer.h"
 
 #include <QGridLayout>
@@ -42,6 +43,8 @@ frmFindID::frmFindID() : ChildWindow("frmFindID", &AppState::OtherCount)
     Text1->setFocus();
 }
 
+frmFindID::~frmFindID() { DBArr.FindRequest = false; }
+
 void frmFindID::buildControls()
 {
     auto* content = new QWidget;
@@ -73,6 +76,7 @@ void frmFindID::CommOK_Click()
 {
     const QByteArray typed = Text1->text().toUtf8();
     StatusNotice(OpeningNotice, "ID =" + std::string(trim(typed.toStdString())));
+    DBArr.FindRequest = true;
     Timer->enable();
 }
 
@@ -83,11 +87,13 @@ void frmFindID::Timer_Tick()
     Text1->setText(QString::fromUtf8(trimmed.data(), static_cast<int>(trimmed.size())));
     Text1->selectAll(); // the next number takes its place
     FindRun(trimmed);
+    DBArr.FindRequest = false;
     StatusNotice(NoNotice, {});
 }
 
 void frmFindID::unload()
 {
+    DBArr.FindRequest = false;
     keepInRow(WindowKind::FindId);
     if (App.shell)
         App.shell->enableMenuItem(MenuItem, true);

@@ -13,6 +13,7 @@ class frmFindID final : public ChildWindow
 {
 public:
     frmFindID();
+    ~frmFindID() override;
 
     void unload() override;
 

@@ -29,11 +29,17 @@ void addWindowsFile(const WindowBuffer& window)
 
 } // namespace
 
-void joinDatabase()
+void joinDatabase(const std::function<void()>& beforeFind)
 {
     Arr.databaseAdd = addWindowsFile;
-    DBArr.findInBank = ArrFindInBank;
-    DBArr.findInFile = ArrFindInFile;
+    DBArr.findInBank = [beforeFind](int windowKind, int row) {
+        beforeFind();
+        ArrFindInBank(windowKind, row);
+    };
+    DBArr.findInFile = [beforeFind](const std::string& path, int row) {
+        beforeFind();
+        ArrFindInFile(path, row);
+    };
 }
 
 void addOpenedToDatabase(const std::string& path)

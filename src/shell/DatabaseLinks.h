@@ -2,10 +2,12 @@
 // files that are open or just opened reach the database.
 #pragma once
 
+#include <functional>
 #include <string>
 
 /// Joins the database to the arrangement windows: what is found is shown there, and their button adds their file.
-void joinDatabase();
+/// `beforeFind` runs before each find: a window of the last session that came back during one would take it up.
+void joinDatabase(const std::function<void()>& beforeFind);
 
 /// With the automatic update checked and a database in use: a file that was just opened is added. The path is full and
 /// without extension.

@@ -45,7 +45,7 @@ frmMain::frmMain(Factory factory) : factory_(std::move(factory))
 {
     setObjectName(QStringLiteral("frmMain"));
     App.shell = this;
-    joinDatabase();
+    joinDatabase([this] { finishSession(); });
     auto* content = new QWidget(this);
     content->setObjectName(QStringLiteral("content"));
     auto* column = new QVBoxLayout(content);

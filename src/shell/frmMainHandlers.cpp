@@ -7,6 +7,7 @@
 #include "core/Reports.h"
 #include "core/Strings.h"
 #include "database/DBArrUpdate.h"
+#include "database/TvlDBArr.h"
 #include "midi/DeviceModes.h"
 #include "midi/MIDI.h"
 #include "shell/Cascade.h"
@@ -282,6 +283,10 @@ void frmMain::mnuAggArr_Click(int)
 
 void frmMain::Timer_Timer()
 {
+    if (DBArr.FindRequest) {
+        Timer->enable(); // the find reads the database that the user sees
+        return;
+    }
     DBArrRefresh();
     StatusNotice(0, {});
 }
