@@ -70,6 +70,16 @@ protected:
     }
 
     void putDatabase(const std::vector<IndexRow>& rows) { state.put("TvlDBArr", database(rows, songs.path())); }
+    /// What the instrument was last sent.
+    void putInfo(const std::string& arr, const std::string& sty, const std::string& prg)
+    {
+        std::string info(1000, ' ');
+        info.replace(0, 9, "TvlCMInfo");
+        info.replace(50, arr.size(), arr);
+        info.replace(100, sty.size(), sty);
+        info.replace(150, prg.size(), prg);
+        state.put("TvlCMInfo", info);
+    }
     std::string onDisk() const { return state.get("TvlDBArr"); }
     ChildWindow* child(const char* name)
     {

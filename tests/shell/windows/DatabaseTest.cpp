@@ -138,6 +138,7 @@ TEST_F(DatabaseDesk, addAllFillsTheList)
     user.progressLines.clear();
     press(shown, "CommAddAll");
     EXPECT_EQ(user.progressLines, (Lines{"Update TvlDBArr"}));
+    EXPECT_EQ(rows(shown).size(), 2) << "in a fresh event";
     settle();
     EXPECT_EQ(user.progressLines.back(), "");
     EXPECT_EQ(rows(shown), (QStringList{"1\tTvlArrA", "2\tTvlArrB", "3\ta.arr", "4\tb.arr", "5\tC.arr"}));
@@ -158,8 +159,15 @@ TEST_F(DatabaseDesk, deleteKeepsTheSelectionInItsPlace)
     press(shown, "CommDelete");
     settle();
     EXPECT_EQ(rows(shown).size(), 6) << "no row is selected";
+    clickRow(shown, 1);
+    control<StageTimer>(shown, "TimerCancella")->enable();
+    settle();
+    EXPECT_EQ(rows(shown).size(), 6) << "a bank stays";
+    user.progressLines.clear();
     clickRow(shown, 3);
     press(shown, "CommDelete");
+    EXPECT_EQ(rows(shown).size(), 6) << "in a fresh event";
+    EXPECT_EQ(user.progressLines, (Lines{"Update TvlDBArr"}));
     settle();
     EXPECT_EQ(rows(shown), (QStringList{"1\tTvlArrA", "2\tTvlArrB", "3\ta.arr", "5\tc.arr", "6\td.arr"}));
     EXPECT_EQ(list->currentRow(), 3);
@@ -179,6 +187,11 @@ TEST_F(DatabaseDesk, deleteKeepsTheSelectionInItsPlace)
     settle();
     EXPECT_EQ(rows(shown).size(), 2);
     EXPECT_EQ(onDisk(), database({}, songs.path()));
+    song("z");
+    song("y");
+    press(shown, "CommAddAll");
+    settle();
+    EXPECT_EQ(rows(shown), (QStringList{"1\tTvlArrA", "2\tTvlArrB", "3\ty.arr", "4\tz.arr"})) << "the lowest numbers";
 }
 
 TEST_F(DatabaseDesk, openBringsTheFileAndPutsItOnTheRecentList)
@@ -192,10 +205,12 @@ TEST_F(DatabaseDesk, openBringsTheFileAndPutsItOnTheRecentList)
     settle();
     ASSERT_NE(arrangementWindow("Alba"), nullptr);
     EXPECT_EQ(App.Recent[0].path, songs.file("Alba"));
+    press(shown, "CommApri");
+    settle();
     clickRow(shown, 3);
     item("mnuDBArrApri")->trigger();
     settle();
-    EXPECT_EQ(warnings(), (Lines{"Opening gone|File not found"}));
+    EXPECT_EQ(warnings(), (Lines{"Opening Alba|File already open", "Opening gone|File not found"}));
 }
 
 TEST_F(DatabaseDesk, aDoubleClickOpensTooAndTheFirstRowsAreTheBanks)
@@ -227,4 +242,123 @@ TEST_F(DatabaseDesk, theOpenListFollowsAnAddByHand)
     press(arrangementWindow("Alba"), "CommAdd");
     settle();
     EXPECT_EQ(rows(shown), (QStringList{"1\tTvlArrA", "2\tTvlArrB", "3\tAlba.arr"}));
+}
+
+TEST_F(DatabaseDesk, addAllGoesThroughTheFolderByTheHiddenLists)
+{
+    putDatabase({});
+    for (const char* name : {"b", "C", "a"})
+        song(name);
+    songs.put("none.arr", "KORG");
+    songs.put("styles.sty", styles());
+    start();
+    ChildWindow* shown = openDatabase();
+    press(shown, "CommAddAll");
+    settle();
+    const auto* folder = control<QListWidget>(shown, "Dir1");
+    const auto* files = control<QListWidget>(shown, "File1");
+    EXPECT_FALSE(folder->isVisible() || files->isVisible());
+    ASSERT_EQ(folder->count(), 1);
+    EXPECT_EQ(folder->item(0)->text().toStdString(), songs.path());
+    QStringList names;
+    for (int row = 0; row < files->count(); ++row)
+        names << files->item(row)->text();
+    EXPECT_EQ(names, (QStringList{"a.arr", "b.arr", "C.arr", "none.arr"}));
+    EXPECT_EQ(rows(shown).size(), 5);
+}
+
+TEST_F(DatabaseDesk, aDatabaseThatIsDamagedUnderItsWindowLeavesTheListAsItWas)
+{
+    putDatabase({{"Alba", 3}, {"Balera", 4}});
+    song("Alba");
+    start();
+    ChildWindow* shown = openDatabase();
+    const QStringList before = rows(shown);
+    const std::string good = onDisk();
+    for (const std::string& bytes : {std::string("something else"), good.substr(0, 27220), good + " "}) {
+        state.put("TvlDBArr", bytes);
+        user.warnings.clear();
+        press(shown, "CommAddAll");
+        settle();
+        clickRow(shown, 2);
+        press(shown, "CommDelete");
+        settle();
+        EXPECT_EQ(warnings(),
+                  (Lines{"TvlDBArrReading |Error reading TvlDBArr", "TvlDBArrReading |Error reading TvlDBArr"}));
+        EXPECT_EQ(rows(shown), before);
+        EXPECT_EQ(control<QLabel>(shown, "Label3")->text(), "4/999");
+        EXPECT_EQ(control<QListWidget>(shown, "List1")->currentRow(), 2);
+        EXPECT_EQ(onDisk(), bytes);
+    }
+}
+
+TEST_F(DatabaseDesk, aLongFolderIsShortenedToTheWidthOfItsLine)
+{
+    const std::string folder = "/music/" + std::string(100, 'm') + "/evenings/live";
+    state.put("TvlDBArr", database({}, folder));
+    start();
+    ChildWindow* shown = openDatabase();
+    const auto* line = control<QLabel>(shown, "Label4");
+    const auto fits = [line] { return line->fontMetrics().horizontalAdvance(line->text()) <= line->width(); };
+    const QString narrow = line->text();
+    EXPECT_TRUE(fits());
+    EXPECT_TRUE(narrow.startsWith("/mu...")) << narrow.toStdString();
+    EXPECT_TRUE(narrow.endsWith("/live")) << narrow.toStdString();
+    EXPECT_EQ(line->toolTip().toStdString(), folder);
+    shown->resizeInTwips(30000, 6072);
+    EXPECT_EQ(line->text().toStdString(), folder) << "there is room for it";
+    shown->resizeInTwips(4308, 6072);
+    EXPECT_EQ(line->text(), narrow);
+}
+
+TEST_F(DatabaseDesk, theDatabaseWindowComesBackAtItsPlace)
+{
+    putDatabase({});
+    start();
+    ChildWindow* shown = openDatabase();
+    shown->placeInTwips(750, 300, 5250, 4500);
+    press(shown, "CommClose");
+    EXPECT_EQ(App.WinPos[12].left, 750);
+    EXPECT_EQ(App.WinPos[12].top, 300);
+    EXPECT_EQ(App.WinPos[12].width, 5250);
+    EXPECT_EQ(App.WinPos[12].height, 4500);
+    shown = openDatabase();
+    EXPECT_EQ(shown->positionInTwips().left, 750);
+    EXPECT_EQ(shown->positionInTwips().height, 4500);
+}
+
+TEST_F(DatabaseDesk, bothWindowsSpeakBothLanguagesAndCutNothingOff)
+{
+    const QStringList words[] = {
+        {"Edit TvlDBArr", "Nome File", "&Apri", "Add All", "Delete", "&Chiudi", "Cerca Arrangement (ID)"},
+        {"Edit TvlDBArr", "File Name", "&Open", "Add All", "Delete", "&Close", "Find Arrangement (ID)"}};
+    putDatabase({});
+    for (const int language : {1, 2}) {
+        speak(language);
+        startAgain();
+        ChildWindow* shown = openDatabase();
+        QStringList seen = {shown->windowTitle(), control<QLabel>(shown, "Label1")->text()};
+        for (const char* name : {"CommApri", "CommAddAll", "CommDelete", "CommClose"})
+            seen << control<QPushButton>(shown, name)->text();
+        item("mnuWFindID")->trigger();
+        seen << child("frmFindID")->windowTitle();
+        EXPECT_EQ(seen, words[language - 1]);
+        for (ChildWindow* one : {shown, child("frmFindID")}) {
+            QList<QWidget*> spoken;
+            for (auto* label : one->findChildren<QLabel*>())
+                spoken << label;
+            for (auto* button : one->findChildren<QPushButton*>())
+                spoken << button;
+            for (const QWidget* part : spoken) {
+                if (part->objectName() != "Label4") {
+                    EXPECT_GE(part->width(), part->minimumSizeHint().width()) << part->objectName().toStdString();
+                }
+                EXPECT_GE(part->height(), part->minimumSizeHint().height()) << part->objectName().toStdString();
+                EXPECT_TRUE(one->rect().contains(QRect(part->mapTo(one, QPoint()), part->size())))
+                    << part->objectName().toStdString();
+            }
+        }
+        window->close();
+        window.reset();
+    }
 }

@@ -120,8 +120,12 @@ TEST_F(DatabaseDesk, aMissingRefusedOrUnplacedFileEndsTheFind)
     songs.put("bad.arr", "KORG");
     putDatabase({{"bad", 4}, {"gone", 3}});
     start();
+    App.AutoArr = App.AutoSty = App.AutoPrg = true;
+    port.forget();
     find("311");
     find("411");
+    EXPECT_TRUE(sent().empty());
+    App.AutoArr = App.AutoSty = App.AutoPrg = false;
     EXPECT_EQ(warnings(), (Lines{"Opening gone|File not found", "Opening bad|Error reading "}));
     EXPECT_FALSE(Arr.FindIdActive);
     EXPECT_EQ(Arr.DBArrRequest, "");
@@ -189,16 +193,6 @@ protected:
         songs.put("Alba.prg", programFile());
         putDatabase({{"Alba", 3}});
         putInfo("else", "else", "else");
-    }
-    /// What the instrument was last sent.
-    void putInfo(const std::string& arr, const std::string& sty, const std::string& prg)
-    {
-        std::string info(1000, ' ');
-        info.replace(0, 9, "TvlCMInfo");
-        info.replace(50, arr.size(), arr);
-        info.replace(100, sty.size(), sty);
-        info.replace(150, prg.size(), prg);
-        state.put("TvlCMInfo", info);
     }
     /// What must go out, style dumps by their head.
     Lines expected() const
@@ -271,6 +265,35 @@ TEST_P(FindLoads, areLeftOutWhenTheRowNeedsNone)
     EXPECT_EQ(sentByKind(), expected()) << "the arrangements do not depend on the row";
 }
 
+TEST_P(FindLoads, goOutFromAWindowThatIsOpenToo)
+{
+    putSong();
+    start();
+    open(songs.file("Alba.arr"));
+    App.AutoArr = wanted.arr;
+    App.AutoSty = wanted.sty;
+    App.AutoPrg = wanted.prg;
+    port.forget();
+    find("388");
+    EXPECT_EQ(window->area()->subWindowList().size(), 2) << "its window and that of the find";
+    EXPECT_EQ(sentByKind(), expected());
+}
+
+TEST_P(FindLoads, haveNothingToDoWithABank)
+{
+    putSong();
+    App.PathArrB = songs.put("TvlArrB", loadedFile());
+    App.AutoArr = wanted.arr;
+    App.AutoSty = wanted.sty;
+    App.AutoPrg = wanted.prg;
+    start();
+    for (int round = 0; round < 2; ++round) { // its window closed, and open
+        port.forget();
+        find("288");
+        EXPECT_EQ(sent(), (Lines{"B0 00 00", "B0 20 00", "C0 7F"}));
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(AllEight, FindLoads, testing::Range(0, 8));
 
 TEST_F(DatabaseDesk, aSecondFindTakesTheInstrumentOver)
@@ -284,10 +307,7 @@ TEST_F(DatabaseDesk, aSecondFindTakesTheInstrumentOver)
     find("311");
     port.forget();
     App.InfoArr = "else";
-    std::string info(1000, ' ');
-    info.replace(0, 9, "TvlCMInfo");
-    info.replace(50, 4, "else");
-    state.put("TvlCMInfo", info);
+    putInfo("else", "", "");
     auto* text = control<QLineEdit>(child("frmFindID"), "Text1");
     text->setText("388");
     press(child("frmFindID"), "CommOK");
@@ -299,4 +319,129 @@ TEST_F(DatabaseDesk, aSecondFindTakesTheInstrumentOver)
     EXPECT_EQ(Lines(lines.end() - 3, lines.end()), selection("3F"));
     EXPECT_EQ(window->area()->currentSubWindow(), arrangementWindow("Balera"));
     EXPECT_EQ(App.InfoArr, "Balera");
+}
+
+// What the dumps of a find hold, unpacked by hand: seven bytes behind a byte of their top bits.
+
+TEST_F(DatabaseDesk, theDumpsOfAFindHoldTheFilesBytes)
+{
+    const auto unpacked = [](const std::string& message) {
+        std::string bytes;
+        for (std::size_t run = 5; run + 1 < message.size(); run += 8)
+            for (std::size_t i = 1; i < 8 && run + i + 1 < message.size(); ++i)
+                bytes += static_cast<char>(message[run + i] | (((message[run] >> (i - 1)) & 1) << 7));
+        return bytes;
+    };
+    std::string programs = programFile();
+    for (std::size_t i = 48; i < programs.size(); ++i)
+        programs[i] = static_cast<char>(i * 7 % 251);
+    std::string song = loadedFile();
+    for (std::size_t i = 32 + 164; i < 32 + 63 * 164; ++i)
+        song[i] = static_cast<char>(i * 13 % 256);
+    songs.put("Alba.arr", song);
+    songs.put("Alba.prg", programs);
+    putDatabase({{"Alba", 3}});
+    putInfo("else", "else", "else");
+    App.AutoArr = App.AutoPrg = true;
+    start();
+    port.forget();
+    find("388");
+    const std::vector<std::string> messages = port.messages();
+    ASSERT_EQ(messages.size(), 7U);
+    EXPECT_EQ(hex(messages[0]), "F0 42 30 4D 4E 06 F7");
+    EXPECT_EQ(hex(messages[1]), "F0 42 30 4D 4E 0A F7");
+    EXPECT_EQ(hex(messages[2].substr(0, 5)), "F0 42 30 4D 64");
+    EXPECT_EQ(messages[2].back(), '\xF7');
+    EXPECT_EQ(unpacked(messages[2]), song.substr(32, 10496));
+    EXPECT_EQ(hex(messages[3].substr(0, 5)), "F0 42 30 4D 4C");
+    EXPECT_EQ(unpacked(messages[3]).substr(0, 11008), programs.substr(48, 11008));
+    EXPECT_EQ(hexOf({messages.begin() + 4, messages.end()}), "B0 00 00 | B0 20 01 | C0 3F");
+}
+
+// What surrounds a find.
+
+TEST_F(DatabaseDesk, otherTimersWaitFromThePressToTheFind)
+{
+    songs.put("Alba.arr", loadedFile());
+    putDatabase({{"Alba", 3}, {"gone", 4}});
+    start();
+    find("311");
+    auto* text = control<QLineEdit>(child("frmFindID"), "Text1");
+    text->setText("388");
+    press(child("frmFindID"), "CommOK");
+    EXPECT_TRUE(DBArr.FindRequest);
+    EXPECT_FALSE(Arr.FindIdActive);
+    ASSERT_TRUE(QTest::qWaitFor([] { return Arr.FindIdActive; }, 2000));
+    EXPECT_FALSE(DBArr.FindRequest);
+
+    port.forget();
+    DBArr.FindRequest = true; // the next number, in the middle of this search
+    item("mnuAggArr")->trigger();
+    const std::string before = onDisk();
+    QTest::qWait(100);
+    EXPECT_TRUE(sent().empty());
+    EXPECT_TRUE(Arr.FindIdActive);
+    EXPECT_EQ(onDisk(), before);
+    DBArr.FindRequest = false;
+    settle();
+    EXPECT_EQ(sent(), selection("3F"));
+    EXPECT_FALSE(Arr.FindIdActive);
+    EXPECT_EQ(onDisk(), database({}, songs.path()));
+
+    press(child("frmFindID"), "CommOK");
+    child("frmFindID")->unloadChild();
+    EXPECT_FALSE(DBArr.FindRequest);
+}
+
+TEST_F(DatabaseDesk, aRefusedNumberLetsTheSearchBeforeItGoOn)
+{
+    songs.put("Alba.arr", loadedFile());
+    putDatabase({{"Alba", 3}});
+    start();
+    item("mnuWFindID")->trigger();
+    auto* text = control<QLineEdit>(child("frmFindID"), "Text1");
+    text->setText("388");
+    press(child("frmFindID"), "CommOK");
+    ASSERT_TRUE(QTest::qWaitFor([] { return Arr.FindIdActive; }, 2000));
+    port.forget();
+    find("12");
+    EXPECT_EQ(warnings(), (Lines{"ID|File name not valid"}));
+    EXPECT_EQ(sent(), selection("3F"));
+    EXPECT_FALSE(Arr.FindIdActive);
+}
+
+TEST_F(DatabaseDesk, aFindInTheFirstMomentIsNotTakenUpByTheLastSession)
+{
+    songs.put("Alba.arr", loadedFile());
+    songs.put("Balera.arr", loadedFile());
+    putDatabase({{"Alba", 3}});
+    App.PathArrA = songs.put("TvlArrA", loadedFile());
+    App.WinPos[2].Open = 1;
+    App.Arrangements[2].path = songs.file("Balera");
+    App.Arrangements[2].Open = 1;
+    window = std::make_unique<frmMain>();
+    window->Form_Load();
+    window->showAsSaved();
+    port.forget();
+    DBArr.findInFile(songs.file("Alba"), 63);
+    settle();
+    ASSERT_NE(arrangementWindow("Balera"), nullptr);
+    EXPECT_TRUE(control<QListWidget>(arrangementWindow("Balera"), "List1")->selectedItems().isEmpty());
+    EXPECT_TRUE(control<QListWidget>(child("frmArrAB"), "List1")->selectedItems().isEmpty());
+    EXPECT_EQ(sent(), selection("3F"));
+    EXPECT_EQ(window->area()->currentSubWindow(), arrangementWindow("Alba"));
+}
+
+TEST_F(DatabaseDesk, aFileWhoseNameDiffersInCaseIsFoundAndOnlyOnce)
+{
+    songs.put("Alba.arr", loadedFile());
+    putDatabase({{"ALBA", 3}});
+    start();
+    port.forget();
+    find("388");
+    EXPECT_EQ(sent(), selection("3F"));
+    find("311");
+    EXPECT_EQ(sent(), selection("00"));
+    EXPECT_EQ(window->area()->subWindowList().size(), 2) << "its window and that of the find";
+    EXPECT_TRUE(user.warnings.empty());
 }
