@@ -57,15 +57,21 @@ void showIdsOfOpenFiles()
             entry.databaseId = DBArrLookupIn(DBArr.DBArrBuffer, entry.path + extensionOf(FileKind::Arr));
 }
 
+/// What is open shows the table.
+void follow(const DBArrTable& table)
+{
+    DBArr.DBArrBuffer = table.bytes();
+    showIdsOfOpenFiles();
+    if (DBArr.listChanged)
+        DBArr.listChanged();
+}
+
 /// Writes the table's image by one of the replacing routines, and lets the shared state follow.
 int write(const DBArrTable& table, int (*replace)(const std::string& path, const ByteBuffer& content))
 {
     if (RetryStatement([&] { return replace(databasePath(), table.bytes()); }, &SaveAsErrReport) != 0)
         return DBArrResult::Failed;
-    DBArr.DBArrBuffer = table.bytes();
-    showIdsOfOpenFiles();
-    if (DBArr.listChanged)
-        DBArr.listChanged();
+    follow(table);
     return DBArrResult::Done;
 }
 
@@ -109,7 +115,8 @@ int addTo(DBArrTable table)
     const int id = table.add(DBArr.ArrFileName, added);
     if (added && write(table, replaceFile) != DBArrResult::Done)
         return DBArrResult::Failed;
-    DBArr.DBArrBuffer = table.bytes();
+    if (DBArr.DBArrBuffer != table.bytes())
+        follow(table); // another program has changed the file meanwhile
     DBArr.DBArrID = id;
     return DBArrResult::Done;
 }

@@ -176,7 +176,10 @@ void frmEditDBArr::loadDatabase()
     DBArrContent read = DBArrRead();
     DBArr.DBArrBuffer = std::move(read.bytes);
     DBArr.DBArrWindowOpen = true;
-    DBArr.listChanged = [this] { fillRows(); };
+    DBArr.listChanged = [this] {
+        fillRows();
+        showFolder();
+    };
     DBArr.folderListed = [this](const std::string& folder, const std::vector<std::string>& names) {
         listFolder(folder, names);
     };

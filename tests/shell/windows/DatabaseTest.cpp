@@ -362,3 +362,25 @@ TEST_F(DatabaseDesk, bothWindowsSpeakBothLanguagesAndCutNothingOff)
         window.reset();
     }
 }
+
+TEST_F(DatabaseDesk, aDatabaseThatAnotherProgramChangedIsShownAtTheNextAdd)
+{
+    putDatabase({{"Alba", 3}});
+    start();
+    ChildWindow* shown = openDatabase();
+    open(song("Alba"));
+    putDatabase({{"Alba", 3}, {"Balera", 4}});
+    press(arrangementWindow("Alba"), "CommAdd");
+    settle();
+    EXPECT_EQ(rows(shown), (QStringList{"1\tTvlArrA", "2\tTvlArrB", "3\tAlba.arr", "4\tBalera.arr"}));
+    EXPECT_EQ(control<QLabel>(shown, "Label3")->text(), "4/999");
+
+    // And a new one, of another folder.
+    std::filesystem::remove(state.file("TvlDBArr"));
+    std::filesystem::create_directory(songs.file("live"));
+    open(songs.put("live/Canto.arr", arrangementFile()));
+    press(arrangementWindow("Canto"), "CommAdd");
+    settle();
+    EXPECT_EQ(rows(shown), (QStringList{"1\tTvlArrA", "2\tTvlArrB", "3\tCanto.arr"}));
+    EXPECT_EQ(control<QLabel>(shown, "Label4")->toolTip().toStdString(), songs.file("live"));
+}
