@@ -11,6 +11,7 @@
 #include "shell/frmAvviso2.h"
 #include "shell/frmLingua.h"
 #include "shell/frmMain.h"
+#include "toolkit/QtToolkitWords.h"
 #include "toolkit/QtUserInterface.h"
 
 #include <QApplication>
@@ -33,13 +34,17 @@ std::string stateFolder()
     return QFile::encodeName(folder).toStdString();
 }
 
-/// The toolkit's own words (the open dialog's, mostly) in the language of the run, where they are installed.
-void translateToolkit(QTranslator& translator)
+/// The toolkit's own words in the language of the run: the program's, and for rare ones those of the toolkit where they
+/// are installed.
+void translateToolkit(QTranslator& installed, ToolkitWords& own)
 {
     const bool italian = App.Language == 1;
     QLocale::setDefault(QLocale(italian ? QLocale::Italian : QLocale::English));
-    if (italian && translator.load(QStringLiteral("qtbase_it"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&translator);
+    if (!italian)
+        return;
+    if (installed.load(QStringLiteral("qtbase_it"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&installed);
+    QApplication::installTranslator(&own); // the last one is asked first
 }
 
 void useWindows(QtUserInterface& user, const std::unique_ptr<frmMain>& mainWindow)
@@ -60,7 +65,8 @@ int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker
     // The end of the main window ends the program, whatever other window stands.
     QApplication::setQuitOnLastWindowClosed(false);
 
-    QTranslator translator;
+    QTranslator installed;
+    ToolkitWords toolkitWords;
     QtUserInterface user;
     std::unique_ptr<frmMain> mainWindow;
     useWindows(user, mainWindow);
@@ -72,7 +78,7 @@ int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker
     service.progress = [&user](int gone, int total) { user.showSendProgress(gone, total); };
 
     SubMainSteps steps;
-    steps.languageKnown = [&translator] { translateToolkit(translator); };
+    steps.languageKnown = [&] { translateToolkit(installed, toolkitWords); };
     steps.showMain = [&] {
         mainWindow = std::make_unique<frmMain>();
         user.setMainWindow(mainWindow.get(), mainWindow->statusPanel());
