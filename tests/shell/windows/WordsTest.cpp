@@ -285,6 +285,13 @@ protected:
                 return {};
             return label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
         }
+        if (const auto* combo = dynamic_cast<const QComboBox*>(one)) {
+            constexpr int Arrow = 22; // pixels of its button and frame
+            int widest = 0;
+            for (int row = 0; row < combo->count(); ++row)
+                widest = std::max(widest, one->fontMetrics().horizontalAdvance(combo->itemText(row)));
+            return {widest + Arrow, one->fontMetrics().height()};
+        }
         if (const auto* box = dynamic_cast<const QCheckBox*>(one))
             return box->text().isEmpty() ? QSize() : box->sizeHint();
         if (const auto* option = dynamic_cast<const QRadioButton*>(one))
