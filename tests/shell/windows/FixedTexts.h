@@ -72,8 +72,8 @@ inline constexpr const char* FixedRules[] = {
     "Dr[12][1-8]",
     "ETr[1-8]",
     "(MIDI|Song) Ch\\d\\d",
-    "(Volume|Pan|C Send L|D Send L|Octave|Out Status1|Out Status2|W-Around|Program|Program label|Solo|Mute), "
-    "(Drum|Percussion|Bass|ACC1|ACC2|ACC3|UPPER1|UPPER2|LOWER)",
+    ("(Volume|Pan|C Send L|D Send L|Octave|Out Status1|Out Status2|W-Around|Program|Program label|Solo|Mute), "
+     "(Drum|Percussion|Bass|ACC1|ACC2|ACC3|UPPER1|UPPER2|LOWER)"),
 };
 
 /// Texts put together from rows of the table, whose numbers stand in braces.
