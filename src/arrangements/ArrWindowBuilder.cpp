@@ -24,7 +24,8 @@ void setWholeStyleArea(WindowBuffer& tag, const ByteBuffer& image, int state)
     tag.set(WindowLayout::StyStateOffset, state);
 }
 
-/// The file in the hand-over buffer, then blanks up to `size` bytes: list rows, and the program area where there is one.
+/// The file in the hand-over buffer, then blanks up to `size` bytes: list rows, and the program area where there is
+/// one.
 void appendArrangements(WindowBuffer& tag, int size)
 {
     ByteBuffer& bytes = tag.bytes();

@@ -11,8 +11,8 @@
 /// Reads the companions; what is wrong with them is reported.
 WindowBuffer ArrTagBuild(int slot, const SessionEntry& entry);
 
-/// The Tag of an untitled window, kind 20, number 1 to 8: the arrangement file in the hand-over buffer, the file of empty
-/// styles, no programs.
+/// The Tag of an untitled window, kind 20, number 1 to 8: the arrangement file in the hand-over buffer, the file of
+/// empty styles, no programs.
 WindowBuffer ArrNewTagBuild(int number);
 
 /// The Tag of a factory bank, kind 2 or 3, from the bank file in the hand-over buffer.

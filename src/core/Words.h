@@ -80,7 +80,7 @@ enum Id : int {
     StyleLength, ///< what the figures of a style window mean; "_" is the panel code of the slot or slots
     StyleGroup,
     StyleTotal,
-    FindIdHint, ///< tool tip of the find window's field
+    FindIdHint,  ///< tool tip of the find window's field
     OctaveShift, ///< the keyboard window
     SplitNote,
     SplitMarker,

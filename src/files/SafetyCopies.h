@@ -2,8 +2,8 @@
 //
 // There each file has a folder of its own, at the path that the file itself has on the disk, and in it up to 20 copies
 // named by the time at which they were replaced; all together take up to 200 MB, the oldest go first. The copies are
-// the user's way back; the user's own folders show nothing of them. Keeping one never changes how a save ends: on a full
-// disk copies make room for what is saved.
+// the user's way back; the user's own folders show nothing of them. Keeping one never changes how a save ends: on a
+// full disk copies make room for what is saved.
 #pragma once
 
 #include "core/Bytes.h"

@@ -105,7 +105,10 @@ protected:
     {
         return control<QComboBox>(window, "Combo1")->currentText().toLatin1().toStdString();
     }
-    static bool enabled(const QWidget* window, const char* name) { return control<QPushButton>(window, name)->isEnabled(); }
+    static bool enabled(const QWidget* window, const char* name)
+    {
+        return control<QPushButton>(window, name)->isEnabled();
+    }
     static void press(const QWidget* window, const char* name)
     {
         QTest::mouseClick(control<QPushButton>(window, name), Qt::LeftButton);
