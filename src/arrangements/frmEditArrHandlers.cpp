@@ -4,6 +4,7 @@
 #include "arrangements/ArrTexts.h"
 #include "core/Reports.h"
 #include "core/ScopedFlag.h"
+#include "files/RowLabels.h"
 #include "toolkit/QtPanelParts.h"
 
 #include <QCheckBox>
@@ -336,7 +337,7 @@ void frmEditArr::showEditCaption(const QString& name)
 {
     const std::string stem(trimRight(editText(ArrEditLayout::SourceStem)));
     caption_ = QStringLiteral("Edit Arrangement  ") + QFile::decodeName(QByteArray::fromStdString(stem)) +
-               QStringLiteral(".arr / ") + name;
+               QStringLiteral(".arr / ") + fromPanel(rowName(name.toLatin1().toStdString()));
     QString title = caption_;
     setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]"))); // "[*]" alone would be taken away
 }
