@@ -23,7 +23,9 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
@@ -122,7 +124,16 @@ protected:
         window->Form_Load();
         window->showAsSaved();
         QTest::qWait(20);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return sessionIsBack(); }));
         return *window;
+    }
+    /// No timer of the last session's windows waits.
+    bool sessionIsBack() const
+    {
+        for (QTimer* timer : window->findChildren<QTimer*>(QRegularExpression("^Timer(Auto|ArrU)\\(")))
+            if (const auto* stage = dynamic_cast<StageTimer*>(timer); stage && stage->enabled())
+                return false;
+        return true;
     }
     QAction* item(const char* name) { return window->menuItem(name); }
     QString label(const char* name) { return window->statusPanel()->findChild<QLabel*>(name)->text(); }
