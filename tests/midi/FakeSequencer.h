@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <functional>
+#include <limits>
 #include <map>
 #include <string>
 #include <vector>
@@ -26,6 +27,7 @@ struct FakeClock {
 
 /// The driver and the cable of one port. Bytes leave at `rate`; what does not fit in the buffer is dropped silently.
 struct FakeDevice {
+    static constexpr std::int64_t Never = std::numeric_limits<std::int64_t>::max();
     std::string received;          ///< in the order of arrival, whatever became of it
     std::vector<bool> shortEvents; ///< of each event: handed over as a short message
     std::int64_t rate = 3125;      ///< bytes a second
@@ -37,9 +39,13 @@ struct FakeDevice {
     std::int64_t stallFrom = 0; ///< takes nothing between the two instants
     std::int64_t stallTo = 0;
     bool accountReadable = true;
-    bool exclusive = false; ///< somebody holds the port alone
-    bool rawHeld = false;   ///< somebody holds it as a raw device
-    int failNext = 0;       ///< the errno of every later send
+    bool exclusive = false;         ///< somebody holds the port alone
+    bool rawHeld = false;           ///< somebody holds it as a raw device
+    int failNext = 0;               ///< the errno of every later send
+    std::int64_t diesAt = Never;    ///< pulled out when so many bytes have come
+    std::int64_t stopsAt = Never;   ///< passes nothing on from then
+    std::int64_t refusesAt = Never; ///< every later send answers EBUSY
+    std::int64_t losesAt = Never;   ///< the byte behind them is dropped, as by a buffer that is overrun
 
     void drain(std::int64_t now)
     {
@@ -59,12 +65,21 @@ struct FakeDevice {
     void take(std::string_view bytes, std::int64_t now)
     {
         drain(now);
+        if (accepted <= losesAt && losesAt < accepted + static_cast<std::int64_t>(bytes.size())) {
+            losesAt = Never;
+            bytes.remove_suffix(1);
+        }
         const auto fit =
             static_cast<std::size_t>(std::min(static_cast<double>(bytes.size()), static_cast<double>(size) - held));
         received += bytes.substr(0, fit);
         accepted += static_cast<std::int64_t>(fit);
         held += static_cast<double>(fit);
         mostHeld = std::max(mostHeld, held);
+        if (accepted >= stopsAt) {
+            stopsAt = Never;
+            stallFrom = now;
+            stallTo = Never;
+        }
     }
 };
 
@@ -83,6 +98,7 @@ struct FakeSequencer final : Sequencer {
     std::vector<Wire> wires;
     std::map<int, FakeDevice> devices; ///< by client * 256 + port
     int portQuestions = 0;
+    std::string lastWords; ///< what a device that died had received
 
     explicit FakeSequencer(FakeClock& time) : clock(time) {}
 
@@ -189,8 +205,16 @@ private:
             return -ENOENT;
         if (found->second.failNext != 0)
             return -found->second.failNext;
-        found->second.take(bytes, clock.now);
-        found->second.shortEvents.push_back(isShort);
+        FakeDevice& its = found->second;
+        if (its.accepted >= its.refusesAt)
+            return -EBUSY;
+        const auto left = static_cast<std::size_t>(std::max<std::int64_t>(0, its.diesAt - its.accepted));
+        its.take(bytes.substr(0, left), clock.now);
+        its.shortEvents.push_back(isShort);
+        if (its.accepted >= its.diesAt) {
+            lastWords = its.received;
+            unplug(receiver); // the kernel does not tell the sender of the piece that was under way
+        }
         return 0;
     }
 
