@@ -11,7 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cstdio>
+#include <ctime>
 #include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
@@ -21,13 +21,15 @@
 namespace
 {
 
+constexpr mode_t OwnerOnly = 0600, ByUmask = 0666;
+
 /// What stands under a name before it is replaced.
 struct Target {
     std::string path; ///< on disk, links followed
     bool exists = false;
-    uid_t owner = 0;
-    gid_t group = 0;
-    mode_t permissions = 0;
+    uid_t owner = geteuid();
+    gid_t group = getegid();
+    mode_t permissions = ByUmask; ///< of the new file
 };
 
 /// Makes a new file in one try. 0 with an open handle, or errno.
@@ -40,15 +42,21 @@ int createNew(const std::string& path, mode_t permissions, FileHandle& file)
     return 0;
 }
 
-/// Makes a new file under the first free of many names: prefix, number, suffix. 0, or errno.
-int createNumbered(const std::string& prefix, const std::string& suffix, mode_t permissions, FileHandle& file,
-                   std::string& path)
+/// How a numbered name is put together.
+struct NumberedName {
+    std::string prefix;
+    long first = 1;
+    std::string suffix;
+};
+
+/// Makes a new file under the first free of many names. 0, or errno.
+int createNumbered(const NumberedName& name, mode_t permissions, FileHandle& file, std::string& path)
 {
-    constexpr int Tries = 1000;
+    constexpr long Tries = 1000;
     int error = EEXIST;
-    for (int number = 1; number <= Tries && error == EEXIST; ++number) {
-        path = prefix;
-        path.append(std::to_string(number)).append(suffix);
+    for (long number = name.first; number < name.first + Tries && error == EEXIST; ++number) {
+        path = name.prefix;
+        path.append(std::to_string(number)).append(name.suffix);
         error = createNew(path, permissions, file);
     }
     return error;
@@ -77,6 +85,18 @@ int flushFolder(const std::string& path)
     return error == EINVAL || error == ENOTSUP ? 0 : error;
 }
 
+/// The kernel's own rule for folders where everyone may write and only owners remove, which links that are followed by
+/// hand would slip through: there only the user's own links and those of the folder's owner lead anywhere.
+bool mayFollow(const std::string& path)
+{
+    struct stat link {
+    }, folder{};
+    if (lstat(path.c_str(), &link) != 0 || stat(openableFolderOf(path).c_str(), &folder) != 0)
+        return false;
+    const bool shared = (folder.st_mode & S_ISVTX) != 0 && (folder.st_mode & S_IWOTH) != 0;
+    return !shared || link.st_uid == geteuid() || link.st_uid == folder.st_uid;
+}
+
 /// The file behind a symbolic link, or behind a chain of them. 0, or a FileError.
 int followLinks(std::string& path)
 {
@@ -86,6 +106,8 @@ int followLinks(std::string& path)
         const ssize_t length = readlink(path.c_str(), link, sizeof link);
         if (length < 0) // no link, or nothing at all; a link that cannot be read must not be taken for the file
             return errno == EINVAL || errno == ENOENT ? FileError::None : fileErrorOf(errno);
+        if (!mayFollow(path))
+            return FileError::AccessDenied;
         const std::string_view next(link, static_cast<std::size_t>(length));
         const bool fromRoot = !next.empty() && next.front() == '/';
         std::string target = fromRoot ? std::string() : folderPrefixOf(path);
@@ -95,11 +117,35 @@ int followLinks(std::string& path)
     return FileError::Unavailable;
 }
 
-int findTarget(const std::string& path, Target& target)
+/// A symbolic link that someone else has put there.
+bool isForeignLink(const std::string& path)
+{
+    struct stat status {
+    };
+    return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode) && status.st_uid != geteuid();
+}
+
+/// What a file of the state folder is to be. Where root runs the program, the file stays the folder's owner's.
+void becomeStateFile(Target& target)
+{
+    struct stat folder {
+    };
+    target.permissions = OwnerOnly;
+    if (geteuid() != 0 || stat(openableFolderOf(target.path).c_str(), &folder) != 0)
+        return;
+    target.owner = folder.st_uid;
+    target.group = folder.st_gid;
+}
+
+int findTarget(const std::string& path, FileHolder holder, Target& target)
 {
     if (!canNameAFile(path))
         return FileError::PathNotFound;
     target.path = resolveFileName(path);
+    if (holder == FileHolder::Program)
+        becomeStateFile(target);
+    if (holder == FileHolder::Program && isForeignLink(target.path))
+        return FileError::None; // it gives way to the new file, and what it points to is left alone
     if (const int error = followLinks(target.path); error != 0)
         return error;
     struct stat status {
@@ -114,9 +160,11 @@ int findTarget(const std::string& path, Target& target)
     if (faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0)
         return fileErrorOf(errno);
     target.exists = true;
-    target.owner = status.st_uid;
-    target.group = status.st_gid;
-    target.permissions = status.st_mode & ~static_cast<mode_t>(S_IFMT);
+    if (holder == FileHolder::User) {
+        target.owner = status.st_uid;
+        target.group = status.st_gid;
+        target.permissions = status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
+    }
     return FileError::None;
 }
 
@@ -132,16 +180,24 @@ void takeOver(int descriptor, const Target& target)
     }
 }
 
+/// A number that nobody can know beforehand, so that nobody can take all names of a temporary file.
+long unforeseen()
+{
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return now.tv_nsec;
+}
+
 /// Replaces by temporary file and rename. 0, or errno; then nothing has changed.
 int replaceByRename(const Target& target, const ByteBuffer& content)
 {
-    constexpr mode_t OwnerOnly = 0600, ByUmask = 0666;
     const std::string prefix = folderPrefixOf(target.path) + ".tvl" + std::to_string(getpid()) + "-";
+    const mode_t whileWritten = target.exists ? OwnerOnly : target.permissions;
     FileHandle file;
     std::string temporary;
-    if (const int error = createNumbered(prefix, "~", target.exists ? OwnerOnly : ByUmask, file, temporary); error != 0)
+    if (const int error = createNumbered({prefix, unforeseen(), "~"}, whileWritten, file, temporary); error != 0)
         return error;
-    if (target.exists)
+    if (target.exists || target.owner != geteuid())
         takeOver(file.descriptor(), target);
     int error = writeAll(file.descriptor(), content);
     if (error == 0)
@@ -172,7 +228,7 @@ template <typename Write>
 int overwrite(const std::string& path, Write&& write)
 {
     FileHandle file;
-    const int descriptor = openFile(path, O_WRONLY);
+    const int descriptor = openFile(path, O_WRONLY | O_NOFOLLOW);
     if (descriptor < 0)
         return errno;
     file.take(descriptor);
@@ -187,17 +243,16 @@ int overwrite(const std::string& path, Write&& write)
 /// Keeps the old bytes in the state folder under a name that tells the file. 0 with the copy's path, or a FileError.
 int keepSafetyCopy(const Target& target, std::string& copy)
 {
-    constexpr mode_t OwnerOnly = 0600;
     constexpr std::size_t NameRoom = 200; // of the 255 bytes that a name may have
     if (App.StateDir.empty())
         return FileError::AccessDenied;
     FileHandle old, file;
-    if (const int error = openRegularFile(target.path, O_RDONLY, old); error != 0)
+    if (const int error = openRegularFile(target.path, O_RDONLY | O_NOFOLLOW, old); error != 0)
         return error;
     if (!old.isOpen()) // gone since it was looked at
         return FileError::AccessDenied;
     const std::string name = target.path.substr(folderPrefixOf(target.path).size(), NameRoom);
-    int error = createNumbered(App.StateDir + "/SafetyCopy", "-" + name, OwnerOnly, file, copy);
+    int error = createNumbered({App.StateDir + "/SafetyCopy", 1, "-" + name}, OwnerOnly, file, copy);
     if (error != 0)
         return fileErrorOf(error);
     error = copyAll(old, file.descriptor());
@@ -214,7 +269,7 @@ int keepSafetyCopy(const Target& target, std::string& copy)
 bool putBack(const std::string& copy, const Target& target)
 {
     FileHandle kept;
-    return openRegularFile(copy, O_RDONLY, kept) == 0 && kept.isOpen() &&
+    return openRegularFile(copy, O_RDONLY | O_NOFOLLOW, kept) == 0 && kept.isOpen() &&
            overwrite(target.path, [&](int descriptor) { return copyAll(kept, descriptor); }) == 0;
 }
 
@@ -238,13 +293,19 @@ bool folderRefuses(int error) { return error == EACCES || error == EPERM || erro
 
 int replaceFile(const std::string& path, const ByteBuffer& content)
 {
-    return replaceFileTelling(path, content, [] {});
+    return replaceFileTelling(path, content, FileHolder::User, [] {});
 }
 
-int replaceFileTelling(const std::string& path, const ByteBuffer& content, const std::function<void()>& beforeInPlace)
+int replaceStateFile(const std::string& path, const ByteBuffer& content)
+{
+    return replaceFileTelling(path, content, FileHolder::Program, [] {});
+}
+
+int replaceFileTelling(const std::string& path, const ByteBuffer& content, FileHolder holder,
+                       const std::function<void()>& beforeInPlace)
 {
     Target target;
-    if (const int error = findTarget(path, target); error != 0)
+    if (const int error = findTarget(path, holder, target); error != 0)
         return error;
     const int error = replaceByRename(target, content);
     if (error == 0)

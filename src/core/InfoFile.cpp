@@ -64,7 +64,7 @@ int recordName(const InfoKind& kind, std::string_view stem, std::string_view ext
     const std::string name = infoStem(stem);
     ByteBuffer record = recordOf(file.bytes, Length, 1);
     putText(record, kind.field, name);
-    if (const int error = replaceFile(infoFilePath(), record); error != 0)
+    if (const int error = replaceStateFile(infoFilePath(), record); error != 0)
         return giveUp(error);
     App.*kind.name = name;
     theUser().showStatusLabel(kind.label, name + "." + std::string(extension));
@@ -90,7 +90,7 @@ void InfoFileCheck()
         return;
     ByteBuffer record = filled(Length, ' ');
     putText(record, Heading, InfoName);
-    if (const int error = replaceFile(infoFilePath(), record); error != 0) {
+    if (const int error = replaceStateFile(infoFilePath(), record); error != 0) {
         giveUp(error);
         return;
     }

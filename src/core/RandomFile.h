@@ -29,9 +29,16 @@ struct FileContent {
 /// lets nothing be created, a safety copy is kept in App.StateDir while an existing file is written in place.
 [[nodiscard]] int replaceFile(const std::string& path, const ByteBuffer& content);
 
-/// The same; `beforeInPlace` is called before the old file is overwritten where it stands, as every other name that
-/// leads to it would show the new bytes.
-[[nodiscard]] int replaceFileTelling(const std::string& path, const ByteBuffer& content,
+/// The same for a file of the program's own in the state folder: its permission bits are 0600, and a symbolic link that
+/// someone else has put in its place gives way to it. The user's own link is followed.
+[[nodiscard]] int replaceStateFile(const std::string& path, const ByteBuffer& content);
+
+/// Whose file is replaced: one of the user's, or one of the program's own in the state folder.
+enum class FileHolder { User, Program };
+
+/// The same for either; `beforeInPlace` is called before the old file is overwritten where it stands, as every other
+/// name that leads to it would show the new bytes.
+[[nodiscard]] int replaceFileTelling(const std::string& path, const ByteBuffer& content, FileHolder holder,
                                      const std::function<void()>& beforeInPlace);
 
 /// Deletes a file, under the name that resolveFileName finds; of a symbolic link the link. An absent file is no error.

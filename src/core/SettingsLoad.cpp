@@ -17,7 +17,7 @@ Settings& settings() { return App; }
 
 /// Writes the settings file during the start. A file error there never stops the start: the program runs on with what
 /// it holds, and the exit tries again.
-void writeTrapped(const ByteBuffer& image) { static_cast<void>(replaceFile(SettingsFile::path(), image)); }
+void writeTrapped(const ByteBuffer& image) { static_cast<void>(replaceStateFile(SettingsFile::path(), image)); }
 
 void useLanguage(int language)
 {
@@ -77,6 +77,7 @@ int SettingsSave()
     App.GlobalValid = App.GlobalValid || App.GblCurrentChanged;
     Settings onDisk;
     const bool usable = SettingsFile::decode(file.bytes, onDisk);
-    return replaceFile(SettingsFile::path(),
-                       SettingsFile::encode(settings(), usable ? file.bytes : SettingsFile::firstImage(settings())));
+    return replaceStateFile(
+        SettingsFile::path(),
+        SettingsFile::encode(settings(), usable ? file.bytes : SettingsFile::firstImage(settings())));
 }

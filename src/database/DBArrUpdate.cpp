@@ -113,7 +113,7 @@ int addTo(DBArrTable table)
 {
     bool added = false;
     const int id = table.add(DBArr.ArrFileName, added);
-    if (added && write(table, replaceFile) != DBArrResult::Done)
+    if (added && write(table, replaceStateFile) != DBArrResult::Done)
         return DBArrResult::Failed;
     if (DBArr.DBArrBuffer != table.bytes())
         follow(table); // another program has changed the file meanwhile
@@ -221,7 +221,7 @@ int DBArrRefresh()
     if (!file.whole())
         return reportUnfit(file);
     DBArrTable table(std::move(file.bytes));
-    return takeOutWhatIsGone(table) ? write(table, replaceKeeping) : DBArrResult::Failed;
+    return takeOutWhatIsGone(table) ? write(table, replaceStateKeeping) : DBArrResult::Failed;
 }
 
 int DBArrAddAll()
@@ -249,7 +249,7 @@ int DBArrAddAll()
                 break;
         }
     }
-    return write(table, replaceKeeping);
+    return write(table, replaceStateKeeping);
 }
 
 int DBArrDelete(int id)
@@ -260,5 +260,5 @@ int DBArrDelete(int id)
         return reportUnfit(file);
     DBArrTable table(std::move(file.bytes));
     table.remove(table.slotOfId(id));
-    return write(table, replaceKeeping);
+    return write(table, replaceStateKeeping);
 }

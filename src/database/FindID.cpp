@@ -42,7 +42,8 @@ int fileNumberOf(std::string_view digits)
     return number;
 }
 
-/// The record of a file's number; its name without extension, or false.
+/// The record of a file's number; its name without extension, or false. A name that leads out of the folder is no
+/// file of the index.
 bool recordOf(std::string_view image, int fileNumber, std::string& name)
 {
     using namespace DBArrLayout;
@@ -53,7 +54,7 @@ bool recordOf(std::string_view image, int fileNumber, std::string& name)
             return false; // also for a file number of 0: an empty record matches nothing
         if (id == fileNumber) {
             name = trimRight(slice(entry, RecordName));
-            return true;
+            return staysInFolder(name);
         }
     }
     return false;

@@ -26,10 +26,12 @@ bool mayBeFile(const dirent& found)
 
 int FolderFiles::read(const std::string& folder)
 {
+    prefix_ = folder + "/";
+    if (!canNameAFile(prefix_))
+        return FileError::PathNotFound;
     const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(folder.empty() ? "/" : folder.c_str()), closedir);
     if (!open)
         return fileErrorOf(errno);
-    prefix_ = folder + "/";
     entries_.clear();
     // A walk that breaks off must not pass for a folder with fewer files.
     while (const dirent* found = (errno = 0, readdir(open.get()))) {

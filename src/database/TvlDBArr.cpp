@@ -2,6 +2,7 @@
 #include "database/TvlDBArr.h"
 
 #include "core/Dichiarazioni.h"
+#include "core/FileHandle.h"
 #include "core/PathNames.h"
 #include "core/RandomFile.h"
 #include "core/Reports.h"
@@ -89,6 +90,8 @@ std::string dbArrFolder(std::string_view image)
 {
     return std::string(trimRight(slice(image, DBArrLayout::WorkingFolder)));
 }
+
+bool staysInFolder(std::string_view name) { return canNameAFile(name) && name.find('/') == std::string_view::npos; }
 
 std::vector<DBArrRow> dbArrRows(std::string_view image)
 {

@@ -86,6 +86,10 @@ std::string_view dbArrName(std::string_view fileName);
 /// The working folder of a database image.
 std::string dbArrFolder(std::string_view image);
 
+/// True for the name of a record that can be a file of the working folder. A damaged or foreign index may hold names
+/// that lead out of it.
+bool staysInFolder(std::string_view name);
+
 /// A row of frmEditDBArr.
 struct DBArrRow {
     int id = 0;

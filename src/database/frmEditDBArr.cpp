@@ -34,6 +34,8 @@ constexpr const char* OutOf = "/999";
 constexpr int FileNameRow = 46;
 constexpr int OpenRow = 51;
 constexpr int CloseRow = 8;
+constexpr int OpeningRow = 111;
+constexpr int CodeAbsent = 27;
 
 constexpr int NoNotice = 0;
 constexpr int OpeningNotice = 6;
@@ -301,11 +303,13 @@ void frmEditDBArr::TimerApri_Tick()
     StatusNotice(NoNotice, {});
     if (row < 0 || static_cast<std::size_t>(row) >= rows.size() || !App.shell)
         return;
+    const std::string& name = rows[static_cast<std::size_t>(row)].name;
     if (row < BankRows)
         App.shell->showWindow(row == 0 ? WindowKind::ArrBankA : WindowKind::ArrBankB, 0);
+    else if (staysInFolder(name))
+        App.shell->openPath(dbArrFolder(DBArr.DBArrBuffer) + "/" + name, FileKind::Arr, App.ReadOnlyOpen);
     else
-        App.shell->openPath(dbArrFolder(DBArr.DBArrBuffer) + "/" + rows[static_cast<std::size_t>(row)].name,
-                            FileKind::Arr, App.ReadOnlyOpen);
+        ReportError(CodeAbsent, ResText(OpeningRow) + name, {});
 }
 
 void frmEditDBArr::unload()

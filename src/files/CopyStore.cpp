@@ -19,6 +19,7 @@ namespace
 
 namespace fs = std::filesystem;
 
+constexpr mode_t OwnerOnly = 0700;
 constexpr int CopiesOfOneFile = 20;
 constexpr std::size_t StampWidth = 19; // "2025-01-31 14.23.05"
 
@@ -112,16 +113,38 @@ std::vector<Copy> copiesIn(const std::string& folder)
     return copies;
 }
 
-std::vector<Copy> copiesOfOne(const std::string& folder) { return copiesIn<fs::directory_iterator>(folder); }
-std::vector<Copy> allCopies() { return copiesIn<fs::recursive_directory_iterator>(rootFolder()); }
-
-void makeFolders(const std::string& folder)
+/// True for a folder that is this user's own, and no link to one. It is closed to others if it is not.
+bool isOwnFolder(const std::string& path)
 {
-    constexpr mode_t OwnerOnly = 0700;
+    struct stat status {
+    };
+    if (lstat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode) || (status.st_uid != geteuid() && geteuid() != 0))
+        return false;
+    constexpr mode_t Others = S_IRWXG | S_IRWXO;
+    if ((status.st_mode & Others) != 0 && chmod(path.c_str(), OwnerOnly) != 0) {
+        // A disk without permission bits has no links either.
+    }
+    return true;
+}
+
+std::vector<Copy> copiesOfOne(const std::string& folder) { return copiesIn<fs::directory_iterator>(folder); }
+
+std::vector<Copy> allCopies()
+{
+    return isOwnFolder(rootFolder()) ? copiesIn<fs::recursive_directory_iterator>(rootFolder()) : std::vector<Copy>();
+}
+
+/// A new folder, or one of this user's that stands there.
+bool makeFolder(const std::string& path) { return mkdir(path.c_str(), OwnerOnly) == 0 || isOwnFolder(path); }
+
+/// The root and every folder below it on the way.
+bool makeFolders(const std::string& folder)
+{
     for (std::size_t slash = folder.find('/', rootFolder().size()); slash != std::string::npos;
          slash = folder.find('/', slash + 1))
-        mkdir(folder.substr(0, slash).c_str(), OwnerOnly);
-    mkdir(folder.c_str(), OwnerOnly);
+        if (!makeFolder(folder.substr(0, slash)))
+            return false;
+    return makeFolder(folder);
 }
 
 /// What all copies take, bytes. Counted once a run, then kept by addition: a walk at each save would be felt.
@@ -153,7 +176,8 @@ CopyAge nextAge(const std::string& folder)
 std::string CopyStore::newCopyPath(const std::string& original, const char* extension)
 {
     const std::string folder = rootFolder() + original;
-    makeFolders(folder);
+    if (!makeFolders(folder))
+        return {};
     return folder + "/" + copyName(nextAge(folder), extension);
 }
 

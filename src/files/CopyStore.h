@@ -14,7 +14,8 @@ inline constexpr std::int64_t BytesTogether = 200'000'000; ///< of all copies
 inline constexpr const char* UnfinishedMark = "~";         ///< behind the name while a copy's bytes come
 
 /// A name behind all copies of a file, also where the clock was set back. `original` is the file's full path. Makes
-/// the folders; whether they are there shows when the copy is made.
+/// the folders. Empty where they cannot be made, or are not this user's: a link or another's folder in their place
+/// would lead copies elsewhere.
 std::string newCopyPath(const std::string& original, const char* extension);
 
 /// Removes a copy, and the folders above it that it leaves empty.

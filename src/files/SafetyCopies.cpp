@@ -19,6 +19,8 @@
 namespace
 {
 
+constexpr unsigned OwnerOnly = 0600;
+
 /// The old file and its copy.
 struct Kept {
     std::string original; ///< full path, links resolved; empty when nothing was kept
@@ -44,13 +46,12 @@ bool mayBeLinked(const std::string& path, const struct stat& status)
 
 bool copyBytes(const std::string& from, const std::string& to, std::int64_t size)
 {
-    constexpr unsigned OwnerOnly = 0600;
     FileContent content;
     if (readFile(from, size, content) != 0 || content.length != size)
         return false;
     const std::string unfinished = to + CopyStore::UnfinishedMark;
     FileHandle file;
-    file.take(openFile(unfinished, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, OwnerOnly));
+    file.take(openFile(unfinished, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, OwnerOnly));
     const bool whole = file.isOpen() && writeAll(file.descriptor(), content.bytes) == 0 &&
                        fsync(file.descriptor()) == 0 && file.close() == 0 &&
                        rename(unfinished.c_str(), to.c_str()) == 0;
@@ -69,6 +70,8 @@ Kept keep(const std::string& path)
         status.st_size > CopyStore::BytesTogether)
         return {};
     const std::string copy = CopyStore::newCopyPath(original, extensionOf(FileKindOf(path)));
+    if (copy.empty())
+        return {};
     const bool linked = mayBeLinked(original, status) && link(original.c_str(), copy.c_str()) == 0;
     if (!linked && !copyBytes(original, copy, status.st_size)) {
         CopyStore::remove(copy);
@@ -108,15 +111,30 @@ bool giveRoomBack(Kept& kept, const std::string& path, std::size_t wanted)
     return kept.copy.empty() && CopyStore::letOldestGo(static_cast<std::int64_t>(wanted), openableFolderOf(path));
 }
 
+/// A copy that was a file among the user's own now is a file of the program's, readable by its owner alone.
+void makePrivate(const std::string& copy)
+{
+    struct stat status {
+    };
+    FileHandle file;
+    file.take(openFile(copy, O_RDONLY | O_NOFOLLOW));
+    if (!file.isOpen() || fstat(file.descriptor(), &status) != 0 || status.st_nlink != 1)
+        return; // with a second name it still is the user's own file
+    if (fchmod(file.descriptor(), OwnerOnly) != 0) {
+        // Its folder keeps it from others all the same.
+    }
+}
+
 /// The save has ended: a copy of what still stands goes again, any other takes its place among the copies.
 void settle(const Kept& kept, bool mayStillStand)
 {
     if (kept.copy.empty())
         return;
     if (mayStillStand && sameBytes(kept.original, kept.copy))
-        CopyStore::remove(kept.copy);
-    else
-        CopyStore::makeRoom(kept.copy, kept.size);
+        return CopyStore::remove(kept.copy);
+    if (kept.linked)
+        makePrivate(kept.copy);
+    CopyStore::makeRoom(kept.copy, kept.size);
 }
 
 /// True when these very bytes stand under the name: replacing them loses nothing, and twenty saves in a row without a
@@ -135,17 +153,27 @@ bool isReadOnly(const std::string& path)
     return faccessat(AT_FDCWD, onDisk.c_str(), W_OK, AT_EACCESS) != 0 && (errno == EACCES || errno == EROFS);
 }
 
-} // namespace
-
-int replaceKeeping(const std::string& path, const ByteBuffer& content)
+int replaceBehindACopy(const std::string& path, const ByteBuffer& content, FileHolder holder)
 {
     Kept kept = alreadyHolds(path, content) ? Kept{} : keep(path);
-    const auto replace = [&] { return replaceFileTelling(path, content, [&] { keepOwnBytes(kept); }); };
+    const auto replace = [&] { return replaceFileTelling(path, content, holder, [&] { keepOwnBytes(kept); }); };
     int error = replace();
     for (int more = 0; more < 2 && error == FileError::DiskFull && giveRoomBack(kept, path, content.size()); ++more)
         error = replace();
     settle(kept, error != 0);
     return error;
+}
+
+} // namespace
+
+int replaceKeeping(const std::string& path, const ByteBuffer& content)
+{
+    return replaceBehindACopy(path, content, FileHolder::User);
+}
+
+int replaceStateKeeping(const std::string& path, const ByteBuffer& content)
+{
+    return replaceBehindACopy(path, content, FileHolder::Program);
 }
 
 int deleteKeeping(const std::string& path)

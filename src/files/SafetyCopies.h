@@ -13,5 +13,8 @@
 /// replaceFile, behind a safety copy of other bytes that stand under the name. A FileError.
 [[nodiscard]] int replaceKeeping(const std::string& path, const ByteBuffer& content);
 
+/// replaceStateFile, behind a safety copy in the same way.
+[[nodiscard]] int replaceStateKeeping(const std::string& path, const ByteBuffer& content);
+
 /// deleteFile, behind a safety copy. A file that its owner made read only is AccessDenied and stays.
 [[nodiscard]] int deleteKeeping(const std::string& path);

@@ -150,15 +150,21 @@ void VirtualMidiService::beginFile()
     if (folder.empty())
         return;
     const std::string path = folder + "/" + FileName;
-    // Without blocking, and emptied only once it is known to be a file: a pipe of this name must not stop the program.
-    file_ = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_APPEND, 0666);
-    if (file_ < 0)
-        return;
+    constexpr mode_t OwnerOnly = 0600, OtherBits = 0177;
     struct stat status {
     };
-    if (fstat(file_, &status) != 0 || !S_ISREG(status.st_mode) || ftruncate(file_, 0) != 0) {
+    // A link of this name would have what it leads to overwritten.
+    if (lstat(path.c_str(), &status) == 0 && (S_ISLNK(status.st_mode) || status.st_nlink > 1))
+        unlink(path.c_str());
+    // Without blocking, and emptied only once it is known to be a file: a pipe of this name must not stop the program.
+    file_ = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_APPEND | O_NOFOLLOW, OwnerOnly);
+    if (file_ < 0)
+        return;
+    if (fstat(file_, &status) != 0 || !S_ISREG(status.st_mode) || status.st_nlink > 1 || ftruncate(file_, 0) != 0) {
         close(file_);
         file_ = -1;
+    } else if ((status.st_mode & OtherBits) != 0 && fchmod(file_, OwnerOnly) != 0) {
+        // A disk without permission bits has none to set.
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "core/Dichiarazioni.h"
 #include "core/InstanceLock.h"
+#include "core/StateFolder.h"
 #include "midi/MIDI.h"
 #include "midi/MidiService.h"
 #include "shell/QtProgramIcon.h"
@@ -15,7 +16,6 @@
 #include "toolkit/QtUserInterface.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -25,13 +25,14 @@
 namespace
 {
 
-/// The per-user folder of the state files, made if it is missing.
+/// The per-user folder of the state files, made if it is missing, for this user alone.
 std::string stateFolder()
 {
     const QString folder =
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tarvolyne");
-    QDir().mkpath(folder);
-    return QFile::encodeName(folder).toStdString();
+    const std::string path = QFile::encodeName(folder).toStdString();
+    makeStateFolder(path);
+    return path;
 }
 
 /// The toolkit's own words in the language of the run: the program's, and for rare ones those of the toolkit where they

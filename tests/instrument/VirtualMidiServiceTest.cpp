@@ -301,3 +301,38 @@ TEST_F(VirtualService, servesThePortRoutinesFromOpeningToClosing)
     EXPECT_TRUE(user.warnings.empty());
     EXPECT_EQ(hex(kept()), "94 3C 40 B4 7B 00");
 }
+
+TEST_F(VirtualService, keepsItsFileForTheUserAlone)
+{
+    const auto modeOfFile = [&] { return std::filesystem::status(folder.file("VirtualInstrument.syx")).permissions(); };
+    const mode_t before = umask(0);
+    openOut();
+    umask(before);
+    EXPECT_EQ(modeOfFile(), std::filesystem::perms(0600));
+    chmod(folder.file("VirtualInstrument.syx").c_str(), 0644);
+    VirtualMidiService again{instrument, [this] { return folder.path(); }};
+    std::int32_t handle = 0;
+    EXPECT_EQ(again.midiOutOpen(handle, -1), 0);
+    EXPECT_EQ(modeOfFile(), std::filesystem::perms(0600));
+}
+
+TEST_F(VirtualService, emptiesNoOtherFileThroughALinkOfItsFilesName)
+{
+    const TemporaryFolder elsewhere;
+    elsewhere.put("victim", "of another matter");
+    for (const bool hard : {false, true}) {
+        std::filesystem::remove(folder.file("VirtualInstrument.syx"));
+        if (hard)
+            std::filesystem::create_hard_link(elsewhere.file("victim"), folder.file("VirtualInstrument.syx"));
+        else
+            std::filesystem::create_symlink(elsewhere.file("victim"), folder.file("VirtualInstrument.syx"));
+        VirtualMidiService planted{instrument, [this] { return folder.path(); }};
+        std::int32_t handle = 0;
+        ASSERT_EQ(planted.midiOutOpen(handle, -1), 0);
+        EXPECT_EQ(planted.midiOutShortMsg(handle, 0x403C90), 0);
+        EXPECT_EQ(elsewhere.get("victim"), "of another matter");
+        EXPECT_EQ(kept(), "\x90\x3C\x40");
+        EXPECT_TRUE(
+            std::filesystem::is_regular_file(std::filesystem::symlink_status(folder.file("VirtualInstrument.syx"))));
+    }
+}
