@@ -30,5 +30,6 @@ int main(int argc, char** argv)
     VirtualInstrument instrument;
     VirtualMidiService service(instrument, [] { return App.StateDir; });
     return runProgram(argc, argv, service,
-                      [&](const QWidget& mainWindow) { return showInstrument(instrument, service, mainWindow); });
+                      [&](const QWidget& mainWindow) { return showInstrument(instrument, service, mainWindow); },
+                      {"Tarvolyne-virtual", "io.github.tarvolyne.virtual"});
 }

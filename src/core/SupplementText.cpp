@@ -110,6 +110,7 @@ constexpr std::array Rows = {
               "A pressed key goes on sounding until it is pressed again"},
     StringRow{Words::HoldChordHint, "Fissa le note tenute: ogni tasto suona lo stesso accordo a partire da sé",
               "Keeps the held notes: each key then plays the same chord from itself"},
+    StringRow{Words::SecondsLeft, "ancora _ s", "_ s left"},
 };
 
 static_assert(Rows.size() == static_cast<std::size_t>(Words::count()), "a row for each name in Words");

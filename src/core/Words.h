@@ -87,6 +87,7 @@ enum Id : int {
     ClickKeyHint,
     HoldNoteHint,
     HoldChordHint,
+    SecondsLeft, ///< on the progress bar of a long send
     // The next name stands here, its row at the end of SupplementText.cpp.
     End
 };

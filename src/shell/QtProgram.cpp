@@ -58,10 +58,12 @@ void useWindows(QtUserInterface& user, const std::unique_ptr<frmMain>& mainWindo
 
 } // namespace
 
-int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker& makeCompanion)
+int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker& makeCompanion,
+               const DesktopIdentity& identity)
 {
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QString::fromUtf8(ApplicationName));
+    QApplication::setApplicationName(QString::fromLatin1(identity.windowClass));
+    QGuiApplication::setDesktopFileName(QString::fromLatin1(identity.entry));
     QApplication::setWindowIcon(programIcon());
     // The end of the main window ends the program, whatever other window stands.
     QApplication::setQuitOnLastWindowClosed(false);

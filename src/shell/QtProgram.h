@@ -10,5 +10,12 @@ class MidiService;
 /// Makes a second window that stands beside the main window while the program runs.
 using CompanionMaker = std::function<std::unique_ptr<QWidget>(const QWidget& mainWindow)>;
 
+/// What the desktop knows an executable by.
+struct DesktopIdentity {
+    const char* windowClass = "Tarvolyne"; ///< class of its windows on X11: StartupWMClass of its desktop entry
+    const char* entry = "io.github.tarvolyne.tarvolyne"; ///< name of its desktop entry: its app id on Wayland
+};
+
 /// Runs the program to its end. `makeCompanion` is called once the main window stands; it may be empty.
-int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker& makeCompanion);
+int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker& makeCompanion,
+               const DesktopIdentity& identity = {});

@@ -1,27 +1,55 @@
-// Three keys of a keyboard under the line of a display.
+// Paints the shapes of the program's picture.
 #include "shell/QtProgramIcon.h"
 
-#include <QPainter>
-#include <QPixmap>
+#include "shell/ProgramIconShapes.h"
 
-QIcon programIcon()
+#include <QLinearGradient>
+#include <QPainter>
+#include <QWidget>
+
+namespace
 {
-    constexpr int Side = 64;
-    QPixmap picture(Side, Side);
+
+QBrush filling(const IconShape& shape)
+{
+    if (shape.colour == shape.foot)
+        return QColor(QRgb(shape.colour));
+    QLinearGradient change(0, shape.top, 0, shape.top + shape.height);
+    change.setColorAt(0, QColor(QRgb(shape.colour)));
+    change.setColorAt(1, QColor(QRgb(shape.foot)));
+    return change;
+}
+
+} // namespace
+
+QImage programPicture(int side)
+{
+    QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
+    const IconDrawing drawing = iconDrawing(side);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x1C, 0x33, 0x3A));
-    painter.drawRoundedRect(QRectF(2, 2, 60, 60), 10, 10);
-    painter.setBrush(QColor(0x9F, 0xE8, 0xC0));
-    painter.drawRoundedRect(QRectF(9, 9, 46, 9), 3, 3);
-    painter.setBrush(Qt::white);
-    for (const int left : {9, 25, 41})
-        painter.drawRect(left, 24, 14, 31);
-    painter.setBrush(QColor(0x10, 0x1C, 0x20));
-    for (const int left : {19, 35})
-        painter.drawRect(left, 24, 10, 18);
-    painter.end();
-    return QIcon(picture);
+    painter.scale(double(side) / drawing.grid, double(side) / drawing.grid);
+    for (const IconShape& shape : drawing.shapes) {
+        painter.setBrush(filling(shape));
+        painter.drawRoundedRect(QRectF(shape.left, shape.top, shape.width, shape.height), shape.radius, shape.radius);
+    }
+    return picture;
+}
+
+QPixmap programPixmap(int side, const QWidget& widget)
+{
+    const qreal ratio = widget.devicePixelRatioF();
+    QPixmap picture = QPixmap::fromImage(programPicture(qRound(side * ratio)));
+    picture.setDevicePixelRatio(ratio);
+    return picture;
+}
+
+QIcon programIcon()
+{
+    QIcon icon;
+    for (const int side : {16, 24, 32, 64})
+        icon.addPixmap(QPixmap::fromImage(programPicture(side)));
+    return icon;
 }

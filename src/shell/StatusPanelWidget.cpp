@@ -132,13 +132,16 @@ void StatusPanelWidget::showLabel(StatusLabel label, const QString& text)
     target->setVisible(!text.isEmpty());
 }
 
-void StatusPanelWidget::showSendBar(int gone, int total)
+void StatusPanelWidget::showSendBar(int gone, int total, int secondsLeft)
 {
     SendBar->setVisible(total > 0);
     if (total <= 0)
         return;
     SendBar->setMaximum(total);
     SendBar->setValue(gone);
+    SendBar->setTextVisible(secondsLeft > 0);
+    SendBar->setFormat(
+        QString::fromUtf8(withArgument(ResText(Words::SecondsLeft), std::to_string(secondsLeft)).c_str()));
 }
 
 bool StatusPanelWidget::event(QEvent* event)

@@ -17,7 +17,7 @@ public:
     void showLine(const QString& text) override;
     void showMode(const QString& text) override;
     void showLabel(StatusLabel label, const QString& text) override;
-    void showSendBar(int gone, int total) override;
+    void showSendBar(int gone, int total, int secondsLeft) override;
 
 protected:
     /// Where no label has a tool tip of its own, the panel names the MIDI port in use.

@@ -30,7 +30,7 @@ frmAbout::frmAbout() : ChildWindow("frmAbout", &AppState::OtherCount)
     auto* content = new QWidget(this);
     auto* picture = new QLabel(content);
     picture->setObjectName(QStringLiteral("Picture1"));
-    picture->setPixmap(programIcon().pixmap(IconSide));
+    picture->setPixmap(programPixmap(IconSide, *this));
     picture->setAccessibleName(QString::fromLatin1(ApplicationName));
     lblTitle = addLabel("lblTitle", ApplicationName);
     QFont large = lblTitle->font();

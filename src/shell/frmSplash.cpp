@@ -33,7 +33,7 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen)
     column->setSpacing(10);
     auto* picture = new QLabel(this);
     picture->setObjectName(QStringLiteral("imgLogo"));
-    picture->setPixmap(programIcon().pixmap(PictureSide));
+    picture->setPixmap(programPixmap(PictureSide, *this));
     column->addWidget(picture, 0, Qt::AlignHCenter);
     const SplashLabel labels[] = {{"lblProductName", ApplicationName, 2.0},
                                   {"lblPlatform", "Tarvolyne Console", 1.2},

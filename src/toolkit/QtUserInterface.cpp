@@ -23,6 +23,15 @@ constexpr int PaintInterval = 100; // milliseconds between two looks at the even
 
 QString words(const std::string& text) { return QString::fromUtf8(text.c_str()); }
 
+/// Rounded up: the last second counts as one until it is over. Not known, 0, while nothing has gone.
+int secondsLeft(qint64 elapsed, int gone, int total)
+{
+    constexpr qint64 Second = 1000;
+    if (gone <= 0)
+        return 0;
+    return int((elapsed * (total - gone) / gone + Second - 1) / Second);
+}
+
 /// A box that remembers being left by Escape or its close button, and can refuse to be.
 class Box final : public QMessageBox
 {
@@ -206,7 +215,7 @@ void QtUserInterface::showSendProgress(int gone, int total)
         return;
     paintedAt_ = elapsed;
     if (elapsed > BarAfter && status_)
-        status_->showSendBar(gone, total);
+        status_->showSendBar(gone, total, secondsLeft(elapsed, gone, total));
     const EventHold hold(EventHold::Input::Discarded);
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::X11ExcludeTimers);
 }
@@ -227,7 +236,7 @@ void QtUserInterface::endSend()
         return;
     sending_ = false;
     if (status_)
-        status_->showSendBar(0, 0);
+        status_->showSendBar(0, 0, 0);
 }
 
 void QtUserInterface::screenTwips(int& x, int& y)

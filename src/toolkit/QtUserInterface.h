@@ -21,8 +21,9 @@ public:
     virtual void showLine(const QString& text) = 0;
     virtual void showMode(const QString& text) = 0;
     virtual void showLabel(StatusLabel label, const QString& text) = 0;
-    /// Bytes gone of all bytes of a send that takes long; total 0 takes the bar away.
-    virtual void showSendBar(int gone, int total) = 0;
+    /// Bytes gone of all bytes of a send that takes long, and the seconds that it still takes at the speed so far;
+    /// total 0 takes the bar away.
+    virtual void showSendBar(int gone, int total, int secondsLeft) = 0;
 };
 
 class QtUserInterface final : public UserInterface

@@ -237,12 +237,14 @@ TEST_F(Sharing, aPortThatAnotherProgramUsesIsShared)
 TEST_F(Sharing, patchBaysSeeOneOutputPortAndNoInput)
 {
     const UsbMidiDevice cable;
-    const OpenedService stage;
-    const std::string senders = outputOf("aconnect -i");
-    const std::string receivers = outputOf("aconnect -o");
-    EXPECT_TRUE(has(senders, "'Tarvolyne' [type=user")) << senders;
-    EXPECT_TRUE(has(senders, "    0 'MIDI out        '")) << senders;
-    EXPECT_FALSE(has(receivers, "Tarvolyne")) << receivers;
+    for (int start = 0; start < 2; ++start) { // the same names at each start: patch bays know a program by them
+        const OpenedService stage;
+        const std::string senders = outputOf("aconnect -i");
+        const std::string receivers = outputOf("aconnect -o");
+        EXPECT_TRUE(has(senders, "'Tarvolyne' [type=user")) << senders;
+        EXPECT_TRUE(has(senders, "    0 'MIDI out        '")) << senders;
+        EXPECT_FALSE(has(receivers, "Tarvolyne")) << receivers;
+    }
 }
 
 TEST_F(Sharing, aPatchBayCanWireTheOutputElsewhereByItsNames)
@@ -251,7 +253,7 @@ TEST_F(Sharing, aPatchBayCanWireTheOutputElsewhereByItsNames)
     UsbMidiDevice second({.name = "Second Cable", .socket = 1});
     OpenedService stage;
     int status = -1;
-    outputOf("aconnect -d Tarvolyne:0 'DIN Cable':0", &status);
+    outputOf("aconnect -x", &status);
     EXPECT_EQ(status, 0);
     EXPECT_NE(stage.dump(dumpOf(200)), 0) << "wired to nothing";
     outputOf("aconnect Tarvolyne:0 'Second Cable':0", &status);

@@ -139,9 +139,18 @@ TEST(StatusPanel, standsInItsOrderAndHidesEmptyLabels)
     panel.showLabel(StatusLabel::Sty, "");
     EXPECT_FALSE(panel.findChild<QLabel*>("LabelSty")->isVisible());
     EXPECT_FALSE(panel.findChild<QWidget*>("SendBar")->isVisible());
-    panel.showSendBar(10, 100);
-    EXPECT_TRUE(panel.findChild<QWidget*>("SendBar")->isVisible());
-    panel.showSendBar(0, 0);
+    App.LanguageBase = 0;
+    panel.showSendBar(10, 100, 4);
+    const auto* bar = panel.findChild<QProgressBar*>("SendBar");
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_TRUE(bar->isTextVisible());
+    EXPECT_EQ(bar->text(), "ancora 4 s");
+    App.LanguageBase = 200;
+    panel.showSendBar(20, 100, 3);
+    EXPECT_EQ(bar->text(), "3 s left");
+    panel.showSendBar(20, 100, 0);
+    EXPECT_FALSE(bar->isTextVisible()) << "not known yet";
+    panel.showSendBar(0, 0, 0);
     EXPECT_FALSE(panel.findChild<QWidget*>("SendBar")->isVisible());
 }
 

@@ -23,10 +23,15 @@ struct PanelSpy : StatusView {
     QString line, mode;
     QStringList labels;
     QList<QPair<int, int>> bars;
+    QList<int> seconds;
     void showLine(const QString& text) override { line = text; }
     void showMode(const QString& text) override { mode = text; }
     void showLabel(StatusLabel, const QString& text) override { labels << text; }
-    void showSendBar(int gone, int total) override { bars << qMakePair(gone, total); }
+    void showSendBar(int gone, int total, int secondsLeft) override
+    {
+        bars << qMakePair(gone, total);
+        seconds << secondsLeft;
+    }
 };
 
 struct Screen : testing::Test {
@@ -292,6 +297,24 @@ TEST_F(SendProgress, showsABarOnlyWhenTheSendTakesLongAndTakesItAway)
     user.showSendProgress(12002, 12002);
     EXPECT_EQ(panel.bars.last(), qMakePair(0, 0));
     EXPECT_FALSE(EventHold::active());
+}
+
+TEST_F(SendProgress, tellsTheSecondsThatTheSendStillTakesAtItsSpeedSoFar)
+{
+    QWidget window;
+    PanelSpy panel;
+    user.setMainWindow(&window, &panel);
+    user.showSendProgress(64, 12000);
+    QTest::qSleep(400);
+    user.showSendProgress(1200, 12000); // a tenth in some 0.4 s: nine times as much is left
+    QTest::qSleep(400);
+    user.showSendProgress(11400, 12000); // a twentieth is left of some 0.8 s
+    user.showSendProgress(12000, 12000);
+    ASSERT_EQ(panel.seconds.size(), 3);
+    EXPECT_GE(panel.seconds[0], 4) << "3.6 s and more on a slow machine, rounded up";
+    EXPECT_LE(panel.seconds[0], 12);
+    EXPECT_EQ(panel.seconds[1], 1) << "the last second until it is over";
+    EXPECT_EQ(panel.seconds[2], 0);
 }
 
 TEST_F(SendProgress, aSendThatBrokeOffLeavesNoBarStanding)
