@@ -78,8 +78,12 @@ int AlsaMidiService::midiOutOpen(std::int32_t& handle, int)
 
 int AlsaMidiService::openOutput()
 {
-    if (!enter() || sequencer_->makeOutput() != 0)
+    if (!enter())
         return MidiResult::Failed;
+    if (sequencer_->makeOutput() != 0) {
+        leaveWhenIdle();
+        return MidiResult::Failed;
+    }
     const std::vector<SeqPort> ports = sequencer_->ports();
     const bool twin = std::any_of(ports.begin(), ports.end(),
                                   [](const SeqPort& port) { return !port.kernel && port.clientName == ClientName; });

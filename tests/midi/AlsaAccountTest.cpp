@@ -53,6 +53,27 @@ TEST(AlsaAccount, refusesATextThatMakesNoSense)
 // The kernel's "Tx bytes" are those that the device has fetched; the buffer holds more.
 TEST(AlsaAccount, tellsWhatTheBufferHasTaken) { EXPECT_EQ((PortAccount{12288, 4096, 4032}).accepted(), 12352); }
 
+TEST(AlsaAccount, needsEveryFigureAndNoneBelowZero)
+{
+    const auto of = [](const char* passedOn, const char* size, const char* room) {
+        return parseAlsaAccount(std::string("Output 0\n") + passedOn + size + room, 0);
+    };
+    EXPECT_EQ(of("  Tx bytes : 1\n", "  Buffer size : 64\n", "  Avail : 0\n"), (PortAccount{1, 64, 0}));
+    EXPECT_EQ(of("", "  Buffer size : 64\n", "  Avail : 64\n"), std::nullopt);
+    EXPECT_EQ(of("  Tx bytes : 1\n", "", "  Avail : 0\n"), std::nullopt);
+    EXPECT_EQ(of("  Tx bytes : 1\n", "  Buffer size : 64\n", ""), std::nullopt);
+    EXPECT_EQ(of("  Tx bytes : -1\n", "  Buffer size : 64\n", "  Avail : 64\n"), std::nullopt);
+    EXPECT_EQ(of("  Tx bytes : 1\n", "  Buffer size : 64\n", "  Avail : -1\n"), std::nullopt);
+}
+
+TEST(AlsaAccount, passesOverLinesThatAreNoFigures)
+{
+    const char* const text =
+        "Output x\n  Tx bytes : 5\nOutputs 0\n  Tx bytes : 6\n"
+        "Output 0\n   \n  :\n  : 3\n  no figure\n  Tx bytes : 7\n  Buffer size :  64 \n  Avail :64";
+    EXPECT_EQ(parseAlsaAccount(text, 0), (PortAccount{7, 64, 64})) << "and the last line need not end";
+}
+
 TEST(AlsaAccount, aCardWithoutTheFileHasNone)
 {
     SeqPort port;

@@ -26,6 +26,9 @@ struct DeviceOutlet final : CableOutlet {
     FakeDevice device;
     int events = 0;
     int vanishAfter = -1; ///< events
+    int looks = 0;        ///< at the account
+    int looksLeft = -1;   ///< then it cannot be read any more
+    int foreign = 0;      ///< bytes that another program adds before each look
     std::vector<double> times;
 
     explicit DeviceOutlet(FakeClock& time) : clock(time)
@@ -44,8 +47,10 @@ struct DeviceOutlet final : CableOutlet {
     }
     std::optional<PortAccount> account() override
     {
-        if (!device.accountReadable)
+        if (!device.accountReadable || looks == looksLeft)
             return std::nullopt;
+        ++looks;
+        device.accepted += foreign;
         device.drain(clock.now);
         return device.account();
     }
@@ -309,4 +314,28 @@ TEST_F(AlsaCableFeed, shortMessagesIntoAStuckDeviceAreRefusedBeforeTheBufferOver
         ++taken;
     EXPECT_LT(taken, 4096 / 3);
     EXPECT_EQ(outlet.device.received.size(), static_cast<std::size_t>(taken) * 3) << "every byte told as sent is there";
+}
+
+TEST_F(AlsaCableFeed, anAccountThatVanishesAtAnyLookIsAMissingDevice)
+{
+    EXPECT_EQ(feed.sendWhole(one, dump(2000), {}), 0);
+    const int all = outlet.looks;
+    ASSERT_GE(all, 10) << "before, at each 256 bytes, behind";
+    for (int left = 0; left < all; ++left) {
+        outlet.looks = 0;
+        outlet.looksLeft = left;
+        EXPECT_EQ(feed.sendWhole(one, dump(2000), {}), -ENODEV) << left;
+    }
+    outlet.looksLeft = -1;
+    EXPECT_EQ(feed.sendWhole(one, dump(2000), {}), 0);
+}
+
+TEST_F(AlsaCableFeed, anotherProgramThatNeverStopsWritingIsAnErrorAndNoWaitWithoutEnd)
+{
+    outlet.foreign = 1;
+    EXPECT_EQ(feed.sendWhole(one, dump(2000), {}), -EIO);
+    EXPECT_EQ(outlet.device.received, dump(2000));
+    EXPECT_LT(clock.seconds(), 2000 / 3094.0 + 1);
+    outlet.foreign = 0;
+    EXPECT_EQ(feed.sendWhole(one, dump(2000), {}), 0);
 }

@@ -41,6 +41,7 @@ struct FakeDevice {
     bool accountReadable = true;
     bool exclusive = false;         ///< somebody holds the port alone
     bool rawHeld = false;           ///< somebody holds it as a raw device
+    int wireError = 0;              ///< the errno of every wire to it
     int failNext = 0;               ///< the errno of every later send
     std::int64_t diesAt = Never;    ///< pulled out when so many bytes have come
     std::int64_t stopsAt = Never;   ///< passes nothing on from then
@@ -93,6 +94,7 @@ struct FakeSequencer final : Sequencer {
 
     FakeClock& clock;
     int openError = 0;
+    int outputError = 0;
     bool entered = false;
     std::vector<SeqPort> machine;
     std::vector<Wire> wires;
@@ -146,7 +148,7 @@ struct FakeSequencer final : Sequencer {
     }
     bool isOpen() const override { return entered; }
     int client() const override { return entered ? OwnClient : 0; }
-    int makeOutput() override { return 0; }
+    int makeOutput() override { return -outputError; }
     SeqAddress output() const override { return {OwnClient, 0}; }
     std::vector<SeqPort> ports() override
     {
@@ -165,6 +167,8 @@ struct FakeSequencer final : Sequencer {
     {
         if (std::none_of(machine.begin(), machine.end(), [&](const SeqPort& port) { return port.address == receiver; }))
             return -ENOENT;
+        if (device(receiver).wireError != 0)
+            return -device(receiver).wireError;
         if (device(receiver).rawHeld)
             return -EAGAIN;
         if (device(receiver).exclusive || isWired(sender, receiver))

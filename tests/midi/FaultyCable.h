@@ -21,6 +21,13 @@ public:
     static constexpr SeqAddress Interface{20, 0};
 
     FaultyCable() { plugIn(); }
+    ~FaultyCable()
+    {
+        if (Midi.service == &service)
+            Midi.service = nullptr;
+    }
+    FaultyCable(const FaultyCable&) = delete;
+    FaultyCable& operator=(const FaultyCable&) = delete;
 
     void plugIn() { bay->plug(Interface, 1, "DIN Cable", "DIN Cable MIDI 1"); }
     /// Takes the port routines onto this service and opens them, as the start does.

@@ -448,3 +448,14 @@ TEST_F(MidiNoteRule, sendsAWordWithoutAStatusAsItIs)
     MidiShortSend();
     EXPECT_EQ(wire(), (Lines{"05 00 00"}));
 }
+
+TEST_F(MidiOutOpenRule, theOutputsNameIsTheServicesAndNoneWithoutMidi)
+{
+    struct Named : RecordingMidiService {
+        std::string outputPortName() override { return "DIN Cable MIDI 1"; }
+    } named;
+    Midi.service = &named;
+    EXPECT_EQ(MidiOutputName(), "DIN Cable MIDI 1");
+    Midi.MidiEnabled = 0;
+    EXPECT_EQ(MidiOutputName(), "");
+}

@@ -1,6 +1,8 @@
 #include "midi/WireClock.h"
 
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/time.h>
 #include <vector>
 
 namespace
@@ -122,4 +124,25 @@ TEST(WireClock, sleepsOnTheRealClockToTheInstantItWasTold)
     const std::int64_t before = real.now();
     real.sleepUntil(start); // an instant that has passed
     EXPECT_LT(real.now() - before, 200 * Millisecond);
+}
+
+TEST(WireClock, aSignalDoesNotEndTheSleep)
+{
+    static volatile std::sig_atomic_t alarms;
+    alarms = 0;
+    struct sigaction action {
+    };
+    struct sigaction before {
+    };
+    action.sa_handler = [](int) { alarms = alarms + 1; };
+    sigaction(SIGALRM, &action, &before);
+    itimerval soon{};
+    soon.it_value.tv_usec = 5000;
+    setitimer(ITIMER_REAL, &soon, nullptr);
+    const WireClock::TimeSource real = WireClock::monotonicTime();
+    const std::int64_t until = real.now() + 30 * Millisecond;
+    real.sleepUntil(until);
+    EXPECT_GE(real.now(), until);
+    EXPECT_EQ(alarms, 1);
+    sigaction(SIGALRM, &before, nullptr);
 }
