@@ -6,6 +6,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported()
 
 option(TARVOLYNE_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 
@@ -32,10 +34,11 @@ if(TARVOLYNE_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 else()
   add_link_options(-Wl,-O1,--as-needed,-z,now,-z,relro)
-  # What people install is hardened as the rest of their system.
-  set(hardening -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  # What people install is hardened as the rest of their system: a fault ends the program before it can be used. The
+  # checks of the C library want optimised code.
+  set(hardening -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -D_GLIBCXX_ASSERTIONS)
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|amd64)$")
     list(APPEND hardening -fstack-clash-protection -fcf-protection)
   endif()
-  add_compile_options("$<$<CONFIG:Release>:${hardening}>")
+  add_compile_options("$<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:${hardening}>")
 endif()

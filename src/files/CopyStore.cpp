@@ -5,8 +5,7 @@
 #include "core/PathNames.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
+#include <charconv>
 #include <ctime>
 #include <filesystem>
 #include <sys/stat.h>
@@ -65,15 +64,15 @@ bool isCopyName(std::string_view name, CopyAge& age)
     if (digits < FewestDigits || digits > MostDigits)
         return false;
     age.stamp = name.substr(0, StampWidth);
-    age.number = std::atoi(std::string(behind.substr(0, digits)).c_str());
-    return true;
+    return std::from_chars(behind.data(), behind.data() + digits, age.number).ec == std::errc();
 }
 
 std::string copyName(const CopyAge& age, const char* extension)
 {
-    char number[16];
-    std::snprintf(number, sizeof number, "-%03d", age.number);
-    return age.stamp + number + extension;
+    constexpr std::size_t Digits = 3; // at least
+    const std::string number = std::to_string(age.number);
+    const std::string zeros(Digits - std::min(number.size(), Digits), '0');
+    return age.stamp + "-" + zeros + number + extension;
 }
 
 std::string stampOfNow()

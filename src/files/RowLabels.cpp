@@ -8,9 +8,9 @@ std::string rowCode(int row)
 {
     constexpr int RowsPerDecade = 8;
     const int place = std::max(row, 0);
-    char code[16];
-    std::snprintf(code, sizeof code, "%X%X", static_cast<unsigned>(place / RowsPerDecade + 1),
-                  static_cast<unsigned>(place % RowsPerDecade + 1));
+    char code[16]; // room for any two numbers
+    static_cast<void>(std::snprintf(code, sizeof code, "%X%X", static_cast<unsigned>(place / RowsPerDecade + 1),
+                                    static_cast<unsigned>(place % RowsPerDecade + 1)));
     return code;
 }
 

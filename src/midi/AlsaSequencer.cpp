@@ -20,7 +20,7 @@ constexpr int MarkQueue = 84;
 constexpr std::size_t LongestShort = 12;
 
 /// alsa-lib tells standard error why it cannot open; the program says it to the user in its own words.
-void keepQuiet(const char*, int, const char*, int, const char*, ...) {}
+void keepQuiet(const char*, int, const char*, int, const char*, ...) {} // NOLINT(cert-dcl50-cpp): alsa-lib's own form
 
 template <typename T, int (*Allocate)(T**), void (*Free)(T*)>
 class Info
