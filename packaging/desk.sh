@@ -11,14 +11,15 @@ desk_open() {
     desk_folder=$1
     mkdir -p "$desk_folder/home"
     mkfifo "$desk_folder/number"
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$desk_folder/number" 2>"$desk_folder/xvfb.log" &
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset 3>"$desk_folder/number" 2>"$desk_folder/xvfb.log" &
     desk_server=$!
     read -r -t 20 number <"$desk_folder/number"
     export DISPLAY=:$number
-    HOME=$desk_folder/home XDG_CACHE_HOME='' openbox >"$desk_folder/openbox.log" 2>&1 &
+    HOME=$desk_folder/home XDG_CACHE_HOME='' openbox --sm-disable >"$desk_folder/openbox.log" 2>&1 &
     desk_manager=$!
-    desk_until 20 xprop -root -notype _NET_SUPPORTING_WM_CHECK
+    desk_until 20 desk_managed
 }
+desk_managed() { xprop -root _NET_SUPPORTING_WM_CHECK | grep 'window id'; }
 
 desk_close() {
     kill "$desk_manager" "$desk_server" 2>/dev/null || true
