@@ -53,14 +53,14 @@ desk_main() {
     return 1
 }
 
-# desk_main_comes CLASS: answers what stands before the main window until that is there: the question of the first start
-# with English, and the box that a machine without sound shows.
+# desk_main_comes CLASS: answers what stands before the main window until that is there: the question of the first start,
+# with the language where the focus stands, and the box that a machine without sound shows.
 desk_main_comes() { desk_until 60 desk_answer "$1"; }
 desk_answer() {
     local window
     desk_main "$1" && return 0
     window=$(desk_window "$1" | tail -n 1)
-    [ -z "$window" ] || timeout 2 xdotool windowactivate --sync "$window" key Down key space key Return
+    [ -z "$window" ] || timeout 2 xdotool windowactivate --sync "$window" key space key Return
     sleep 0.3
     return 1
 }
