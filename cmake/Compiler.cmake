@@ -10,6 +10,7 @@ include(CheckPIESupported)
 check_pie_supported()
 
 option(TARVOLYNE_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(TARVOLYNE_FUZZ "With sanitizers under clang: logic that libFuzzer can drive, and the fuzz targets" ON)
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
@@ -26,6 +27,12 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
 else()
   add_compile_options(-fpch-preprocess)
+endif()
+
+# What logic is compiled with besides: in a clang build with sanitizers, the counters by which the fuzzer finds its way.
+set(TARVOLYNE_LOGIC_OPTIONS "")
+if(TARVOLYNE_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND TARVOLYNE_FUZZ)
+  set(TARVOLYNE_LOGIC_OPTIONS -fsanitize-coverage=inline-8bit-counters,pc-table)
 endif()
 
 if(TARVOLYNE_SANITIZE)

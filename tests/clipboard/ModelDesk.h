@@ -12,17 +12,36 @@
 #include <string_view>
 #include <vector>
 
-/// Numbers that are the same in every run.
+/// Numbers that are the same in every run: by chance from a seed, or one after the other from bytes that somebody
+/// chose.
 class Dice
 {
 public:
     explicit Dice(unsigned seed) : engine_(seed) {}
-    /// 0 to sides - 1.
-    int roll(int sides) { return static_cast<int>(engine_() % static_cast<unsigned>(sides)); }
+    explicit Dice(std::string_view bytes) : bytes_(bytes), chosen_(true) {}
+    /// 0 to sides - 1; 0 behind the last byte.
+    int roll(int sides)
+    {
+        const unsigned number = !chosen_      ? static_cast<unsigned>(engine_())
+                                : sides > 256 ? take() * 256 + take()
+                                              : take();
+        return static_cast<int>(number % static_cast<unsigned>(sides));
+    }
     bool oneIn(int sides) { return roll(sides) == 0; }
+    /// No byte is left.
+    bool used() const { return chosen_ && bytes_.empty(); }
 
 private:
+    unsigned take()
+    {
+        const unsigned byte = bytes_.empty() ? 0 : static_cast<unsigned char>(bytes_.front());
+        bytes_.remove_prefix(bytes_.empty() ? 0 : 1);
+        return byte;
+    }
+
     std::mt19937 engine_;
+    std::string_view bytes_;
+    bool chosen_ = false;
 };
 
 /// The slots of a style file, read by hand.
