@@ -69,6 +69,10 @@ program_packages=(g++ cmake ninja-build ccache qt6-base-dev libasound2-dev qt6-t
 display_packages=(xvfb openbox libx11-dev libxtst-dev)
 # What boots a kernel with sound for the tests, and asks it.
 vm_packages=(qemu-system-x86 busybox-static cpio kmod alsa-utils)
+# What the desktop's checklist is seen with.
+# shellcheck disable=SC2034 # used by ./test
+check_packages=(desktop-file-utils appstream lintian mandoc devscripts xdotool x11-utils libxml2-utils codespell reuse
+    libglib2.0-bin shared-mime-info strace dpkg-dev git)
 # What the proof needs besides.
 # shellcheck disable=SC2034 # used by ./test
 test_packages=("${program_packages[@]}" "${display_packages[@]}" "${vm_packages[@]}" libgtest-dev

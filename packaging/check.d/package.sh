@@ -64,6 +64,7 @@ row_hardened() {
 row_reproducible() {
     local other=$work/"an öther folder"
     slow || return
+    need_git || return
     make_package || return
     mkdir -p "$other/source"
     git ls-files -z --cached --others --exclude-standard | xargs -0 cp --parents -t "$other/source"

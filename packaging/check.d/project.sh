@@ -4,6 +4,7 @@
 row_licence() {
     local spdx=GPL-3.0-or-later file=$stage/usr/share/metainfo/$id.metainfo.xml
     needs reuse:reuse xmllint:libxml2-utils || return
+    need_git || return
     grep -q 'GNU GENERAL PUBLIC LICENSE' LICENSE || fault "LICENSE is another"
     cmp LICENSE "LICENSES/$spdx.txt" || fault "two texts of the licence"
     [ "$(xmllint --xpath 'string(/component/project_license)' "$file")" = "$spdx" ] || fault "metainfo: another licence"
@@ -16,7 +17,7 @@ row_readme() {
     for words in ./run ./test 'What it does not do'; do
         grep -qF -- "$words" README.md || fault "README: nothing on $words"
     done
-    mapfile -t pictures < <(grep -oE '\]\([^)]*\.png\)|src="[^"]*\.png"' README.md | sed -E 's/^\]\(|\)$|^src="|"$//g' | sort -u)
+    mapfile -t pictures < <(grep -oE '\]\([^)]*\.png\)|src="[^"]*\.png"' README.md | sed -E 's/^\]\(|\)$|src="|"$//g' | sort -u)
     for picture in "${pictures[@]}"; do
         [ -s "$picture" ] || fault "README: no picture $picture"
     done
@@ -47,18 +48,29 @@ row_versions() {
 row_spelling() {
     local scripts
     needs codespell:codespell shellcheck:shellcheck || return
+    need_git || return
     # Italian is not codespell's, nor are the macros of manual pages; names in camelCase are no words.
     git ls-files -z -- ':!LICENSE' ':!LICENSES' ':!data/Tarvolyne_GuidaUtente.txt' ':!packaging/man' ':!*.png' |
         xargs -0 codespell -I .codespell-ignore --ignore-regex '\b[a-z]+[A-Z]\w*' || fault "misspelt"
-    mapfile -t scripts < <(git grep -lE '^#!.*(ba)?sh|^# shellcheck shell=' -- ':!*.md' ':!*.in')
+    mapfile -t scripts < <(git grep -lE '^#!.*(ba)?sh|# shellcheck shell=' -- ':!*.md' ':!*.in')
     shellcheck -x "${scripts[@]}" || fault "shellcheck"
 }
 
 # The rows below are proved by tests; these are their names.
-row_toolkit_words() { tests 'EveryWord\.ofTheSmallWindowsAndDialogsStandsInTheTables|MessageBoxes\.speakTheLanguageOfTheRun'; }
-row_looks_scale() { tests '(Looks|Scale|HighDpi|EveryWord\.fitsIntoItsWindow)'; }
-row_looks_dark() { tests '(Dark|Contrast|Palette)'; }
-row_keys() { tests '(Mnemonic|Accelerator|StandardKey)'; }
-row_accessibility() { tests '(Accessib|ScreenReader)'; }
-row_visible() { tests 'MainWindow\.aPlaceOffEveryScreenIsShownInViewAndKeptAsItWas|Children\.areMovedIntoViewWhileTheStoredPlaceStays'; }
-row_progress() { tests 'SendProgress\.(showsABarOnly|tellsTheSeconds|aSendThatBrokeOff)|StatusPanel\.standsInItsOrder'; }
+words_tests='EveryWord\.ofTheSmallWindowsAndDialogsStandsInTheTables|MessageBoxes\.speakTheLanguageOfTheRun'
+scale_tests='Looks|HighResolution|LargeFont|EveryWord\.fitsIntoItsWindow'
+dark_tests='Dark|Contrast'
+key_tests='Mnemonic|Accelerator|StandardKey'
+accessibility_tests='Accessib|ScreenReader'
+silent_tests='NoDevice\.'
+visible_tests='MainWindow\.aPlaceOffEveryScreenIsShownInViewAndKeptAsItWas|Children\.areMovedIntoViewWhileTheStoredPlaceStays'
+progress_tests='SendProgress\.(showsABarOnly|tellsTheSeconds|aSendThatBrokeOff)|StatusPanel\.standsInItsOrder'
+all_tests="$words_tests|$scale_tests|$dark_tests|$key_tests|$accessibility_tests|$silent_tests|$visible_tests|$progress_tests"
+row_toolkit_words() { tests "$words_tests"; }
+row_looks_scale() { tests "$scale_tests"; }
+row_looks_dark() { tests "$dark_tests"; }
+row_keys() { tests "$key_tests"; }
+row_accessibility() { tests "$accessibility_tests"; }
+row_no_sound() { tests "$silent_tests"; }
+row_visible() { tests "$visible_tests"; }
+row_progress() { tests "$progress_tests"; }

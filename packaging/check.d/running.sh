@@ -97,5 +97,3 @@ row_alsa_names() {
     [ "$result" -ne 77 ] || not_here "no virtual machine can be had"
     return "$result"
 }
-
-row_no_sound() { tests 'NoDevice\.'; }
