@@ -4,8 +4,9 @@
 #include "arrangements/ArrBlock.h"
 #include "core/NameTables.h"
 
-#include <cstdio>
+#include <charconv>
 #include <cstdlib>
+#include <iostream>
 
 namespace
 {
@@ -53,15 +54,18 @@ struct Place {
 
 [[noreturn]] void unknown(const char* what, const std::string& name)
 {
-    std::fprintf(stderr, "make_templates: the instrument has no %s \"%s\"\n", what, name.c_str());
+    std::cerr << "make_templates: the instrument has no " << what << " \"" << name << "\"\n";
     std::exit(EXIT_FAILURE);
 }
 
 Place programNamed(const std::string& name)
 {
     constexpr std::array<Place, 5> Blocks{{{0, 0}, {64, 0}, {0, 1}, {64, 1}, {0, 2}}};
-    if (name.starts_with("F:"))
-        return {std::atoi(name.c_str() + 2), ArrBlock::TrackBank::F};
+    if (name.starts_with("F:")) {
+        Place place{0, ArrBlock::TrackBank::F};
+        if (std::from_chars(name.data() + 2, name.data() + name.size(), place.number).ec == std::errc())
+            return place;
+    }
     for (std::size_t block = 0; block < Blocks.size(); ++block)
         for (int index = 0; index < PrgBlockNames; ++index)
             if (programName(static_cast<int>(block), index) == name)

@@ -4,8 +4,8 @@
 #include "core/NameTables.h"
 #include "tools/Genres.h"
 
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 
 namespace
 {
@@ -154,8 +154,8 @@ Arrangement factoryArrangement(int style)
 {
     const StyleRow& row = Styles[static_cast<std::size_t>(style)];
     if (factoryStyleName(style) != row.name) {
-        std::fprintf(stderr, "make_templates: style %d is \"%s\", not \"%s\"\n", style, factoryStyleName(style).c_str(),
-                     row.name);
+        std::cerr << "make_templates: style " << style << " is \"" << factoryStyleName(style) << "\", not \""
+                  << row.name << "\"\n";
         std::exit(EXIT_FAILURE);
     }
     Arrangement arrangement{row.name, genreOf(row.kind)};

@@ -4,10 +4,10 @@
 #include "tools/FactoryBanks.h"
 #include "tools/SampleFiles.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 
 namespace
 {
@@ -18,7 +18,7 @@ bool writeFile(const std::filesystem::path& path, const ByteBuffer& bytes)
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     file.close();
     if (!file)
-        std::fprintf(stderr, "make_templates: cannot write %s\n", path.c_str());
+        std::cerr << "make_templates: cannot write " << path.string() << "\n";
     return static_cast<bool>(file);
 }
 
@@ -37,14 +37,14 @@ bool writeAll(const std::filesystem::path& folder)
 int main(int argc, char** argv)
 {
     if (argc != 2) {
-        std::fprintf(stderr, "usage: make_templates FOLDER\n");
+        std::cerr << "usage: make_templates FOLDER\n";
         return EXIT_FAILURE;
     }
     const std::filesystem::path folder = argv[1];
     std::error_code error;
     std::filesystem::create_directories(folder / "samples", error);
     if (error) {
-        std::fprintf(stderr, "make_templates: cannot make %s\n", (folder / "samples").c_str());
+        std::cerr << "make_templates: cannot make " << (folder / "samples").string() << "\n";
         return EXIT_FAILURE;
     }
     NameTablesBuild();
