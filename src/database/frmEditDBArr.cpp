@@ -10,6 +10,7 @@
 #include "database/FolderText.h"
 #include "database/QtDBArrRows.h"
 #include "database/TvlDBArr.h"
+#include "toolkit/QtPlainTip.h"
 #include "toolkit/RowList.h"
 #include "toolkit/StageTimer.h"
 
@@ -215,7 +216,7 @@ void frmEditDBArr::fillRows()
         rows << QString::number(row.id) + QLatin1Char('\t') + QFile::decodeName(row.name.c_str());
     List1->setRows(rows);
     for (int row = 0; row < rows.size(); ++row) // a long name is cut in the narrow column
-        List1->item(row)->setToolTip(rows[row].section(QLatin1Char('\t'), 1));
+        List1->item(row)->setToolTip(plainTip(rows[row].section(QLatin1Char('\t'), 1)));
     Label3->setText(QString::number(rows.size()) + QLatin1String(OutOf));
     enableButtons();
 }
@@ -230,7 +231,7 @@ void frmEditDBArr::showFolder()
          characters > 0 && Label4->fontMetrics().horizontalAdvance(shown) > room; --characters)
         shown = QString::fromStdString(shortFolder(whole, characters));
     Label4->setText(shown);
-    Label4->setToolTip(QString::fromStdString(whole));
+    Label4->setToolTip(plainTip(QString::fromStdString(whole)));
 }
 
 bool frmEditDBArr::eventFilter(QObject* watched, QEvent* event)

@@ -6,6 +6,7 @@
 #include "core/Strings.h"
 #include "core/Words.h"
 #include "midi/MIDI.h"
+#include "toolkit/QtPlainTip.h"
 
 #include <QHBoxLayout>
 #include <QHelpEvent>
@@ -54,7 +55,7 @@ protected:
         if (event->type() != QEvent::ToolTip || !isCut())
             return QLabel::event(event);
         const QString whole = toolTip().isEmpty() ? text() : toolTip() + QLatin1String(": ") + text();
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), whole, this);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainTip(whole), this);
         return true;
     }
 

@@ -7,15 +7,19 @@
 #include "core/ScopedFlag.h"
 #include "core/Shell.h"
 #include "toolkit/ControlArray.h"
+#include "toolkit/QtPlainTip.h"
 #include "toolkit/StageTimer.h"
 #include "toolkit/Twips.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMdiArea>
 #include <QMenu>
 #include <QScrollArea>
+#include <QStyleOptionTitleBar>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -64,6 +68,31 @@ void ChildWindow::showCaption()
 {
     QString caption = QString::fromUtf8(ChildCaption(Tag).c_str());
     setWindowTitle(caption.replace(QLatin1String("[*]"), QLatin1String("[*][*]"))); // "[*]" alone would be taken away
+}
+
+bool ChildWindow::titleIsCut()
+{
+    QStyleOptionTitleBar bar;
+    bar.initFrom(this);
+    bar.rect = QRect(0, 0, width(), widget()->geometry().top());
+    bar.subControls = QStyle::SC_All;
+    bar.titleBarFlags = windowFlags();
+    bar.titleBarState = static_cast<int>(windowState());
+    const QRect label = style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, this);
+    const QFontMetrics metrics(QApplication::font("QMdiSubWindowTitleBar"));
+    return metrics.horizontalAdvance(windowTitle()) > label.width();
+}
+
+bool ChildWindow::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip || !widget())
+        return QMdiSubWindow::event(event);
+    auto* const help = static_cast<QHelpEvent*>(event);
+    if (help->pos().y() < widget()->geometry().top() && titleIsCut())
+        QToolTip::showText(help->globalPos(), plainTip(windowTitle()), this);
+    else
+        QToolTip::hideText();
+    return true;
 }
 
 bool ChildWindow::isFree() const { return !isMaximized() && !isMinimized() && !isShaded(); }

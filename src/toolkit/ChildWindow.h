@@ -67,6 +67,8 @@ protected:
     /// Opens mnuModifica on a right press anywhere in the window.
     void contextMenuEvent(QContextMenuEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    /// A title that is wider than its bar stands whole in a tool tip.
+    bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
@@ -75,6 +77,7 @@ private:
     static constexpr int NoRow = -1;
 
     void nameSystemMenu();
+    bool titleIsCut();
     bool isFree() const; ///< neither maximised nor minimised: its rectangle is its own
     void showFree();
     void applyPlace();
