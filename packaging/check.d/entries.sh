@@ -32,13 +32,16 @@ row_window_system() {
 }
 
 row_appstream() {
-    local file=$stage/usr/share/metainfo/$id.metainfo.xml summary
+    local file=$stage/usr/share/metainfo/$id.metainfo.xml summary picture want
     needs appstreamcli:appstream xmllint:libxml2-utils || return
     appstreamcli validate --no-net --pedantic "$file" || fault "not valid"
     for want in id developer_name developer/name 'launchable[@type="desktop-id"]' 'screenshots/screenshot/caption' \
         'releases/release/description/p' 'summary[@*[name()="xml:lang"]="it"]'; do
         xmllint --xpath "/component/$want" "$file" >/dev/null || fault "no $want"
     done
+    while read -r picture; do
+        [ -s "docs/pictures/$picture" ] || fault "a screenshot that is not there: docs/pictures/$picture"
+    done < <(sed -n 's|.*/docs/pictures/\(.*\)</image>|\1|p' "$file")
     summary=$(xmllint --xpath 'string(/component/summary[1])' "$file")
     [ ${#summary} -le 35 ] || fault "the summary is longer than 35 characters: $summary"
     [ "${summary%.}" = "$summary" ] || fault "the summary ends in a dot"

@@ -4,6 +4,7 @@
 #include "support/RecordingMidiService.h"
 
 #include <QHelpEvent>
+#include <QProgressBar>
 #include <QToolTip>
 
 // The small windows.
