@@ -19,10 +19,16 @@ void begin(int row)
     Arr.FindIdRow = row;
 }
 
+bool holdsFile(const WindowBuffer& window)
+{
+    // A new file that was saved under a name is that file.
+    return window.kind() == WindowKind::ArrFile || (window.kind() == WindowKind::ArrNew && !window.untitled());
+}
+
 ArrRowOwner* openFile(const std::string& path)
 {
     for (ArrRowOwner* owner : Arr.rowOwners)
-        if (owner->arrImage().kind() == WindowKind::ArrFile && sameFileName(owner->arrImage().path(), path))
+        if (holdsFile(owner->arrImage()) && sameFileName(owner->arrImage().path(), path))
             return owner;
     return nullptr;
 }
@@ -62,7 +68,7 @@ void ArrFindInFile(const std::string& path, int row)
     Arr.DBArrRequest = path;
     if (ArrRowOwner* owner = openFile(path)) {
         if (App.shell)
-            App.shell->bringForward(WindowKind::ArrFile, owner->arrImage().path());
+            App.shell->bringForward(owner->arrImage().kind(), owner->arrImage().path());
         owner->startSearchById();
         return;
     }

@@ -1,6 +1,7 @@
 // The stages are those of the window on a file; what differs is told where it differs.
 #include "arrangements/frmArrNew.h"
 
+#include "arrangements/ArrFind.h"
 #include "arrangements/ArrRows.h"
 #include "arrangements/ArrStages.h"
 #include "arrangements/ArrWindowBuilder.h"
@@ -101,6 +102,13 @@ void frmArrNew::enableByContent()
 }
 
 // The list.
+
+void frmArrNew::startSearchById()
+{
+    ArrFindEnd();
+    List1->select(Arr.FindIdRow);
+    Timer->enable();
+}
 
 void frmArrNew::List1_Click()
 {

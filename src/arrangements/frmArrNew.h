@@ -16,6 +16,7 @@ public:
     bool queryUnload() override;
     void unload() override;
     void contentChanged() override;
+    void startSearchById() override;
 
 private:
     void buildControls();

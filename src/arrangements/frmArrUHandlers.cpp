@@ -159,6 +159,8 @@ void frmArrU::CommShowSty_Click()
     if (!App.shell || App.shell->bringForward(WindowKind::StyFile, path))
         return;
     if (Tag.at(WindowLayout::StyStateOffset) == WindowLayout::StyState::None) {
+        if (App.shell->bringForward(WindowKind::StyNew, path)) // a new file that was saved under this name
+            return;
         App.shell->openPath(path + extensionOf(FileKind::Sty), FileKind::Sty, Tag.readOnly());
         return;
     }

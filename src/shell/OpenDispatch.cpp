@@ -5,6 +5,7 @@
 #include "core/Dichiarazioni.h"
 #include "core/PathNames.h"
 #include "core/Reports.h"
+#include "core/Shell.h"
 #include "core/Strings.h"
 #include "core/UserInterface.h"
 #include "files/FileReaders.h"
@@ -102,9 +103,16 @@ int resultOf(int readResult)
     }
 }
 
+/// True when a new file's window was saved under this name. It has no entry in the session and holds the file all the
+/// same: a second window on it would write over what this one has.
+bool isSavedNew(int windowKind, const std::string& path)
+{
+    return OpenWindows::findByPath(windowKind, windowKind, withoutExtension(path)) != nullptr;
+}
+
 int openArr(const std::string& path)
 {
-    if (ArrWinFind(withoutExtension(path)) == 1)
+    if (ArrWinFind(withoutExtension(path)) == 1 || isSavedNew(ArrNew, path))
         return OpenResult::AlreadyOpen;
     App.LastDirFiles = FolderOf(path);
     const int result = resultOf(ArrFileRead(path));
@@ -118,7 +126,7 @@ int openArr(const std::string& path)
 int openSty(const std::string& path)
 {
     constexpr int EmptyOrAbsent = 2; // of the style reader
-    if (StyWinFind(withoutExtension(path)) == 1)
+    if (StyWinFind(withoutExtension(path)) == 1 || isSavedNew(StyNew, path))
         return OpenResult::AlreadyOpen;
     App.LastDirFiles = FolderOf(path);
     const int result = StyFileRead(path);
@@ -237,12 +245,23 @@ bool showOpened(const OpenOutcome& outcome, const WindowMaker& makeWindow)
     return true;
 }
 
+/// Brings the window that holds a file to the front: its own kind's, or a new file's that was saved under this name.
+void showHolder(int branch, const std::string& path)
+{
+    const int newKind = branch == ArrFile ? ArrNew : branch == StyFile ? StyNew : PrgNew;
+    const std::string stem = withoutExtension(path);
+    if (App.shell && !App.shell->bringForward(branch, stem) && branch != GlobalFile)
+        App.shell->bringForward(newKind, stem);
+}
+
 /// What every opener does with an outcome: the two reports that are the caller's, or the window.
 bool finish(const OpenOutcome& outcome, const WindowMaker& makeWindow)
 {
     if (outcome.result == OpenResult::AlreadyOpen || outcome.result == OpenResult::Absent) {
         App.ErrTitle = ResText(OpeningRow) + FileNameOf(outcome.path);
         ReportError(outcome.result == OpenResult::Absent ? CodeAbsent : CodeAlreadyOpen, App.ErrTitle, "");
+        if (outcome.result == OpenResult::AlreadyOpen)
+            showHolder(outcome.branch, outcome.path);
         return false;
     }
     return outcome.result == OpenResult::Loaded && outcome.branch != 0 && showOpened(outcome, makeWindow);
