@@ -45,7 +45,8 @@ bool writeTo(const std::string& path, const WindowBuffer& work, int fileKind)
     return RetryStatement([&] { return replaceKeeping(path, bytes); }, SaveAsErrReport) == 0;
 }
 
-/// The window's new name. A style file beside the old name that could not be read stays behind with it.
+/// The window's new name. A style file beside the old name that could not be read stays behind with it; so does a style
+/// window that was opened from here: it still is the window of the old name's style file, and asks for itself.
 void takeName(WindowBuffer& work, const std::string& path)
 {
     const std::string name = withoutExtension(path);
