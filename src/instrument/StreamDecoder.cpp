@@ -68,7 +68,10 @@ void StreamDecoder::takeFrameEnd()
 {
     tellStrayData();
     if (!inFrame_) {
-        pending_.clear();
+        // Behind a frame that was cut, what came in between was its inside.
+        if (frameWasCut_)
+            pending_.clear();
+        cutPending();
         runningStatus_ = 0;
         const ByteBuffer end = byteText(FrameEnd);
         tell(MessageKind::Malformed, frameWasCut_ ? Fault::HighByteInside : Fault::StrayEnd, end);

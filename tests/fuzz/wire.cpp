@@ -68,6 +68,23 @@ void checkMessage(const Heard& heard)
         must(heard.kind == MessageKind::RealTime ? status >= 0xF8 : status > 0xF0 && status < 0xF7, "a system message");
 }
 
+/// A tune request at the end brings out whatever is still pending: then each data byte has been told once, in a message
+/// or with the reason why it is in none.
+void checkAccount(const std::string& bytes)
+{
+    const auto isData = [](char byte) { return valueOf(byte) < 0x80; };
+    const Listener all(bytes + "\xF6", bytes.size() + 1);
+    auto told = std::count_if(all.stray.begin(), all.stray.end(), isData);
+    bool insideOfCutFrame = false; // what a frame with a status in its middle had behind that goes untold
+    for (const Heard& one : all.messages) {
+        told += std::count_if(one.bytes.begin(), one.bytes.end(), isData);
+        insideOfCutFrame = insideOfCutFrame || one.fault == Fault::HighByteInside;
+    }
+    const auto fed = std::count_if(bytes.begin(), bytes.end(), isData);
+    must(told == fed || (insideOfCutFrame && told < fed), "every data byte is told once");
+    must(all.messages.back().kind == MessageKind::System, "and the last message is heard");
+}
+
 /// The bytes of a cable that an input scripts: good frames among others.
 std::string scripted(Choices& choices)
 {
@@ -101,10 +118,58 @@ std::string scripted(Choices& choices)
     return bytes;
 }
 
-void checkInstrument(const VirtualInstrument& instrument, std::string_view bytes, int told)
+/// Four descriptors that follow on one another, of one group, and exactly the blocks that they tell of.
+bool isGroup(std::string_view body)
+{
+    std::size_t expected = 24;
+    for (std::size_t slot = 0; slot < 4; ++slot) {
+        const std::size_t place = 6 * slot;
+        const auto offset = static_cast<std::size_t>(at(body, place) + at(body, place + 2) * 256);
+        const auto length = static_cast<std::size_t>(at(body, place + 4) + at(body, place + 5) * 256);
+        const int mark = at(body, place + 3);
+        if (offset != expected || length == 0 || at(body, place + 1) != 0 || mark < 0x80 || mark > 0x83 ||
+            mark != at(body, 3))
+            return false;
+        expected += length;
+    }
+    return body.size() == expected;
+}
+
+/// A frame that the instrument must take: by its head, its function, and the length that its function asks for.
+bool isTaken(std::string_view frame)
+{
+    if (frame.size() < 6 || at(frame, 1) != 0x42 || at(frame, 2) / 16 != 3 || at(frame, 3) != 0x4D)
+        return false;
+    const std::string_view body = frame.substr(5, frame.size() - 6);
+    const int function = at(frame, 4);
+    if (function == 0x41)
+        return body.size() == 3;
+    if (function == 0x4E)
+        return body == "\x0A" || body == "\x06" || body == "\x04";
+    std::string bytes;
+    if (!unpacked(body, bytes))
+        return false;
+    return (function == 0x64 && bytes.size() == 10496) || (function == 0x4C && bytes.size() == 13112) ||
+           (function == 0x51 && bytes.size() == 415) || (function == 0x65 && isGroup(bytes));
+}
+
+/// Messages that are well formed, real time apart.
+int goodOnes(const std::vector<Heard>& messages)
+{
+    int count = 0;
+    for (const Heard& one : messages)
+        count += one.kind == MessageKind::Channel || one.kind == MessageKind::System ||
+                         (one.kind == MessageKind::SysEx && isTaken(one.bytes))
+                     ? 1
+                     : 0;
+    return count;
+}
+
+void checkInstrument(const VirtualInstrument& instrument, std::string_view bytes, int told, int good)
 {
     must(instrument.byteCount() == static_cast<std::int64_t>(bytes.size()), "every byte is counted");
-    must(instrument.messageCount() + instrument.malformedCount() == told, "every message is counted, good or not");
+    must(instrument.messageCount() == good, "every good message is taken, and no other");
+    must(instrument.malformedCount() == told - good, "every other is counted with its reason");
     must(instrument.mode() >= -1 && instrument.mode() <= 2, "a mode is one of three");
     must(instrument.globalChannel() >= 0 && instrument.globalChannel() <= 15, "a channel is one of 16");
     must(instrument.arrangements().empty() || instrument.arrangements().size() == 10496, "arrangements are whole");
@@ -141,10 +206,11 @@ void fuzzOne(std::string_view input)
          "however the bytes are cut, the messages are the same");
     for (const Heard& one : whole.messages)
         checkMessage(one);
+    checkAccount(bytes);
 
     VirtualInstrument instrument;
     instrument.take(bytes);
-    checkInstrument(instrument, bytes, whole.told);
+    checkInstrument(instrument, bytes, whole.told, goodOnes(whole.messages));
     if ((how & Dump) != 0)
         checkTexts(instrument);
 }
