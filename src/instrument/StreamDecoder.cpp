@@ -68,10 +68,7 @@ void StreamDecoder::takeFrameEnd()
 {
     tellStrayData();
     if (!inFrame_) {
-        // Behind a frame that was cut, what came in between was its inside.
-        if (frameWasCut_)
-            pending_.clear();
-        cutPending();
+        pending_.clear();
         runningStatus_ = 0;
         const ByteBuffer end = byteText(FrameEnd);
         tell(MessageKind::Malformed, frameWasCut_ ? Fault::HighByteInside : Fault::StrayEnd, end);

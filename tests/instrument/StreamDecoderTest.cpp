@@ -125,8 +125,6 @@ TEST(StreamDecoder, showsAnEndWithoutAStart)
     EXPECT_EQ(heard("F7"), (Lines{"malformed(stray end) F7"}));
     EXPECT_EQ(heard("90 3C 40 F7 3C 40"),
               (Lines{"channel 90 3C 40", "malformed(stray end) F7", "malformed(no status) 3C 40"}));
-    EXPECT_EQ(heard("90 3C F7 F2 01 F7"), (Lines{"malformed(cut) 90 3C", "malformed(stray end) F7",
-                                                 "malformed(cut) F2 01", "malformed(stray end) F7"}));
 }
 
 TEST(StreamDecoder, showsAChannelMessageCutShort)
