@@ -13,6 +13,7 @@
 #include "midi/MIDI.h"
 #include "midi/MsgLog.h"
 #include "toolkit/Choices.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/RowColumns.h"
 #include "toolkit/RowList.h"
 
@@ -24,9 +25,6 @@
 namespace
 {
 
-constexpr const char* ListFace = "Arial";
-constexpr int ListPointSize = 10;
-constexpr int ShownCharacters = 20; ///< of a row at the least: code, mark, name
 constexpr int CloseRow = 8;
 
 } // namespace
@@ -41,9 +39,9 @@ void ArrListWindow::makeList(QWidget* content)
 {
     List1 = new RowList(content, QStringLiteral("List1"));
     List1->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    List1->setFont(QFont(QLatin1String(ListFace), ListPointSize, QFont::Normal));
+    List1->setFont(Looks::listFont(content));
     List1->setItemDelegate(new RowColumns(List1));
-    List1->setMinimumWidth(ShownCharacters * List1->fontMetrics().averageCharWidth());
+    List1->setMinimumWidth(Looks::ShownCharacters * List1->fontMetrics().averageCharWidth());
 }
 
 void ArrListWindow::makeStyleBox(QWidget* content)
@@ -59,16 +57,9 @@ void ArrListWindow::makeStyleBox(QWidget* content)
     connect(Combo1, &QComboBox::activated, this, [this] { showStyleOf(selectedRow()); });
 }
 
-QPushButton* ArrListWindow::makeButton(QWidget* content, const char* name, const QString& caption)
-{
-    auto* button = new QPushButton(caption, content);
-    button->setObjectName(QLatin1String(name));
-    return button;
-}
-
 QPushButton* ArrListWindow::makeCloseButton(QWidget* content)
 {
-    return makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
+    return Looks::makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
 }
 
 QLineEdit* ArrListWindow::makeReadOnlyText(QWidget* content, const char* name)
@@ -81,7 +72,7 @@ QLineEdit* ArrListWindow::makeReadOnlyText(QWidget* content, const char* name)
 
 void ArrListWindow::layOut(QWidget* content, QLayout* buttons, QLayout* details)
 {
-    using ArrListLook::Margin;
+    using Looks::Margin;
     auto* upper = new QHBoxLayout;
     upper->setSpacing(Margin);
     upper->addWidget(List1, 1);

@@ -10,14 +10,6 @@ class QLineEdit;
 class QPushButton;
 class RowList;
 
-/// Distances in these windows, pixels.
-namespace ArrListLook
-{
-inline constexpr int Margin = 8;
-inline constexpr int GroupGap = 10;            ///< between groups of buttons
-inline constexpr int ButtonGap = GroupGap / 2; ///< between the buttons of a group
-} // namespace ArrListLook
-
 class ArrListWindow : public ChildWindow, protected ArrRowOwner
 {
 public:
@@ -30,7 +22,6 @@ protected:
     void makeList(QWidget* content);
     /// The box always names the selected row's style; opening it only shows which others the file uses.
     void makeStyleBox(QWidget* content);
-    static QPushButton* makeButton(QWidget* content, const char* name, const QString& caption);
     static QPushButton* makeCloseButton(QWidget* content);
     static QLineEdit* makeReadOnlyText(QWidget* content, const char* name);
     /// The list with its buttons beside it, the details of the selected row below.

@@ -10,6 +10,7 @@
 #include "files/RowLabels.h"
 #include "files/Saving.h"
 #include "midi/DeviceModes.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/RowList.h"
 
 #include <QGridLayout>
@@ -60,8 +61,8 @@ void frmArrAB::buildControls()
 {
     auto* content = new QWidget;
     makeList(content);
-    CommArrPlay = makeButton(content, "CommArrPlay", QStringLiteral("ARR PLAY"));
-    CommSongPlay = makeButton(content, "CommSongPlay", QStringLiteral("SONG PLAY"));
+    CommArrPlay = Looks::makeButton(content, "CommArrPlay", QStringLiteral("ARR PLAY"));
+    CommSongPlay = Looks::makeButton(content, "CommSongPlay", QStringLiteral("SONG PLAY"));
     CommClose = makeCloseButton(content);
     Label1.create([&](int index) { return new QLabel(QLatin1String(LabelCaptions[index]), content); });
     makeStyleBox(content);
@@ -70,13 +71,13 @@ void frmArrAB::buildControls()
     Label1[1]->setBuddy(Combo1);
 
     auto* buttons = new QVBoxLayout;
-    buttons->setSpacing(ArrListLook::ButtonGap);
+    buttons->setSpacing(Looks::ButtonGap);
     buttons->addWidget(CommArrPlay);
     buttons->addWidget(CommSongPlay);
     buttons->addStretch(1);
     buttons->addWidget(CommClose);
     auto* details = new QGridLayout;
-    details->setHorizontalSpacing(ArrListLook::Margin);
+    details->setHorizontalSpacing(Looks::Margin);
     details->addWidget(Label1[1], 0, 0);
     details->addWidget(Combo1, 0, 1);
     details->addWidget(Label1[0], 1, 0);

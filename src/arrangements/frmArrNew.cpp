@@ -15,6 +15,7 @@
 #include "midi/MIDI.h"
 #include "midi/MsgLog.h"
 #include "styles/StyleSends.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/RowList.h"
 
 #include <QComboBox>
@@ -42,9 +43,9 @@ void frmArrNew::buildControls()
 {
     auto* content = new QWidget;
     makeList(content);
-    CommLoadArr = makeButton(content, "CommLoadArr", QStringLiteral("Load &Arr"));
-    CommLoadSty = makeButton(content, "CommLoadSty", QStringLiteral("Load &Styles"));
-    CommArrPlay = makeButton(content, "CommArrPlay", QStringLiteral("ARR PLAY"));
+    CommLoadArr = Looks::makeButton(content, "CommLoadArr", QStringLiteral("Load &Arr"));
+    CommLoadSty = Looks::makeButton(content, "CommLoadSty", QStringLiteral("Load &Styles"));
+    CommArrPlay = Looks::makeButton(content, "CommArrPlay", QStringLiteral("ARR PLAY"));
     CommClose = makeCloseButton(content);
     Label1 = new QLabel(QStringLiteral("Style"), content);
     Label1->setObjectName(QStringLiteral("Label1"));
@@ -52,15 +53,15 @@ void frmArrNew::buildControls()
     Label1->setBuddy(Combo1);
 
     auto* buttons = new QVBoxLayout;
-    buttons->setSpacing(ArrListLook::ButtonGap);
+    buttons->setSpacing(Looks::ButtonGap);
     buttons->addWidget(CommLoadArr);
     buttons->addWidget(CommLoadSty);
-    buttons->addSpacing(ArrListLook::GroupGap);
+    buttons->addSpacing(Looks::GroupGap);
     buttons->addWidget(CommArrPlay);
     buttons->addStretch(1);
     buttons->addWidget(CommClose);
     auto* details = new QHBoxLayout;
-    details->setSpacing(ArrListLook::Margin);
+    details->setSpacing(Looks::Margin);
     details->addWidget(Label1);
     details->addWidget(Combo1, 1);
     layOut(content, buttons, details);

@@ -7,6 +7,7 @@
 #include "core/ScopedFlag.h"
 #include "database/TvlDBArr.h"
 #include "midi/DeviceModes.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/RowList.h"
 
 #include <QComboBox>
@@ -72,11 +73,11 @@ QLayout* frmArrU::buttonColumn(QWidget* content)
         {CommSongPlay, "CommSongPlay", "SONG PLAY", false},
     };
     auto* column = new QVBoxLayout;
-    column->setSpacing(ArrListLook::ButtonGap);
+    column->setSpacing(Looks::ButtonGap);
     for (const ButtonRow& row : rows) {
         if (row.opensGroup)
-            column->addSpacing(ArrListLook::GroupGap);
-        row.member = makeButton(content, row.name, QLatin1String(row.fixedCaption));
+            column->addSpacing(Looks::GroupGap);
+        row.member = Looks::makeButton(content, row.name, QLatin1String(row.fixedCaption));
         column->addWidget(row.member);
     }
     column->addStretch(1);
@@ -98,7 +99,7 @@ QLayout* frmArrU::detailBoxes(QWidget* content)
     Label1[2]->setBuddy(Text2);
 
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(ArrListLook::Margin);
+    grid->setHorizontalSpacing(Looks::Margin);
     grid->addWidget(Label1[1], 0, 0);
     grid->addWidget(Combo1, 0, 1, 1, 3);
     grid->addWidget(Label1[0], 1, 0);

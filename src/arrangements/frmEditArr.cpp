@@ -271,8 +271,8 @@ void frmEditArr::buildSplitAndDrumMap(QWidget* frame, ChoiceRows& rows, QBoxLayo
     QComboBox* selector = buildCombo1(VariationSelector, frame, rows);
     HScroll1.put(1, makeFader(frame, Qt::Horizontal, map.low, map.high, 1));
     HScroll1[1]->setAccessibleName(fromPanel(map.caption));
-    Label1.put(SplitLabel, makeValueText(frame, "C4#"));
-    Label1.put(DrumMapLabel, makeValueText(frame, "8"));
+    Label1.put(SplitLabel, makeValueBeside(frame, "C4#"));
+    Label1.put(DrumMapLabel, makeValueBeside(frame, "C4#"));
 
     auto* splitRow = new QHBoxLayout;
     splitRow->setSpacing(Gap);

@@ -111,6 +111,7 @@ constexpr std::array Rows = {
     StringRow{Words::HoldChordHint, "Fissa le note tenute: ogni tasto suona lo stesso accordo a partire da sé",
               "Keeps the held notes: each key then plays the same chord from itself"},
     StringRow{Words::SecondsLeft, "ancora _ s", "_ s left"},
+    StringRow{Words::InstMemory, "Memoria dello strumento", "Memory of the instrument"},
 };
 
 static_assert(Rows.size() == static_cast<std::size_t>(Words::count()), "a row for each name in Words");

@@ -10,6 +10,7 @@
 #include "database/FolderText.h"
 #include "database/QtDBArrRows.h"
 #include "database/TvlDBArr.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/QtPlainTip.h"
 #include "toolkit/RowList.h"
 #include "toolkit/StageTimer.h"
@@ -44,8 +45,8 @@ constexpr int UpdatingNotice = 8;
 
 constexpr int BankRows = 2; ///< the two bank files stand first and stay
 
-constexpr int Margin = 8;
-constexpr int GroupGap = 10;
+using Looks::GroupGap;
+using Looks::Margin;
 
 QString words(int row) { return QString::fromUtf8(ResText(row).c_str()); }
 
@@ -106,6 +107,7 @@ void frmEditDBArr::buildControls()
 QLayout* frmEditDBArr::listColumn(QWidget* content)
 {
     List1 = new RowList(content, QStringLiteral("List1"));
+    List1->setFont(Looks::listFont(content));
     List1->setItemDelegate(new QtDBArrRows(List1));
     List1->setAccessibleName(windowTitle());
     List1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // long names end in an ellipsis
@@ -132,17 +134,12 @@ QLayout* frmEditDBArr::listColumn(QWidget* content)
 
 QLayout* frmEditDBArr::buttonColumn(QWidget* content)
 {
-    const auto makeButton = [content](const char* name, const QString& text) {
-        auto* button = new QPushButton(text, content);
-        button->setObjectName(QLatin1String(name));
-        return button;
-    };
-    CommAddAll = makeButton("CommAddAll", QStringLiteral("Add All"));
-    CommDelete = makeButton("CommDelete", QStringLiteral("Delete"));
-    CommApri = makeButton("CommApri", words(OpenRow));
-    CommClose = makeButton("CommClose", words(CloseRow));
+    CommAddAll = Looks::makeButton(content, "CommAddAll", QStringLiteral("Add All"));
+    CommDelete = Looks::makeButton(content, "CommDelete", QStringLiteral("Delete"));
+    CommApri = Looks::makeButton(content, "CommApri", words(OpenRow));
+    CommClose = Looks::makeButton(content, "CommClose", words(CloseRow));
     auto* column = new QVBoxLayout;
-    column->setSpacing(GroupGap / 2);
+    column->setSpacing(Looks::ButtonGap);
     column->addSpacing(Label1->sizeHint().height() + Margin / 2); // the buttons begin beside the first row
     column->addWidget(CommApri);
     column->addSpacing(GroupGap);

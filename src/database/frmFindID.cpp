@@ -9,6 +9,7 @@
 #include "core/Words.h"
 #include "database/FindID.h"
 #include "database/TvlDBArr.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/StageTimer.h"
 
 #include <QGridLayout>
@@ -23,7 +24,7 @@ constexpr const char* MenuItem = "mnuWFindID"; ///< off while the window is open
 constexpr int CaptionRow = 92;
 constexpr int NoNotice = 0;
 constexpr int OpeningNotice = 6;
-constexpr int Margin = 8;
+using Looks::Margin;
 
 } // namespace
 

@@ -145,7 +145,7 @@ void frmGbl::addSlider(QGroupBox* frame, QGridLayout* grid, int row, int index)
     QSlider* slider = GblHScroll1.put(index, makeFader(frame, Qt::Horizontal, field.low, field.high, LargeStep));
     slider->setTracking(false); // it edits when it lands
     QLabel* value =
-        GblLab1.put(GblFields::SliderLabel[static_cast<std::size_t>(index)], makeValueText(frame, "Normal"));
+        GblLab1.put(GblFields::SliderLabel[static_cast<std::size_t>(index)], makeValueBeside(frame, "Normal"));
     grid->addWidget(makeCaption(frame, field.caption, slider), row, 0);
     grid->addWidget(slider, row, 1, 1, 2);
     grid->addWidget(value, row, 3);

@@ -78,7 +78,6 @@ QGroupBox* frmGbl::buildScale(QWidget* page, int scale)
         auto* mark = new QLabel(QLatin1String(Marks[place]), frame);
         mark->setObjectName(QStringLiteral("mark(%1)").arg(scale * static_cast<int>(std::size(Marks)) + place));
         mark->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        mark->setForegroundRole(QPalette::PlaceholderText);
         if (place > 0)
             marks->addStretch(1);
         marks->addWidget(mark);
@@ -141,7 +140,7 @@ QGroupBox* frmGbl::buildHarmony(QWidget* page, ChoiceRows& rows)
     for (const int index : {0, 1}) {
         const GblParameter& field = gblParameter(GblFields::HScroll3[static_cast<std::size_t>(index)]);
         HScroll3.put(index, makeFader(frame, Qt::Horizontal, field.low, field.high, LargeStep));
-        QLabel* note = Lab3.put(GblFields::RangeLabel[static_cast<std::size_t>(index)], makeValueText(frame, "G#-1"));
+        QLabel* note = Lab3.put(GblFields::RangeLabel[static_cast<std::size_t>(index)], makeValueBeside(frame, "G#-1"));
         grid->addWidget(makeCaption(frame, field.caption, HScroll3[index]), row, 0);
         grid->addWidget(HScroll3[index], row, 1);
         grid->addWidget(note, row++, 2);

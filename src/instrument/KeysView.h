@@ -22,5 +22,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void paintWhite(QPainter& painter, int note) const;
+    void paintBlack(QPainter& painter, int note) const;
+
     std::array<bool, 128> sounding_{};
 };

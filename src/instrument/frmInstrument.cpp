@@ -1,4 +1,4 @@
-// Builds the panel, the lists and the traffic, and refreshes them a moment after bytes came in.
+// Builds the panel, the lists and the messages, and refreshes them a moment after bytes came in.
 #include "instrument/frmInstrument.h"
 
 #include "core/Strings.h"
@@ -6,6 +6,10 @@
 #include "files/ArrLayout.h"
 #include "files/PrgLayout.h"
 #include "files/StyLayout.h"
+#include "instrument/ChannelsView.h"
+#include "instrument/GaugesView.h"
+#include "instrument/GlassWidget.h"
+#include "instrument/InstrumentColours.h"
 #include "instrument/InstrumentTexts.h"
 #include "instrument/InstrumentWords.h"
 #include "instrument/KeysView.h"
@@ -13,8 +17,6 @@
 
 #include <QBoxLayout>
 #include <QCheckBox>
-#include <QFontDatabase>
-#include <QFrame>
 #include <QLabel>
 #include <QListWidget>
 #include <QScrollBar>
@@ -25,21 +27,41 @@
 namespace
 {
 
-constexpr int RefreshDelay = 30;       ///< milliseconds; a storm of messages is painted once
+constexpr int RefreshDelay = 30; ///< milliseconds; a storm of messages is painted once
+constexpr int Margin = 8;        ///< pixels, as in the program's windows
+constexpr int Gap = 8;
+constexpr int PanelMargin = 12;
 constexpr int TabMargin = 40;          ///< pixels around both columns
-constexpr QSize DefaultSize{800, 580}; // wider where the fonts need it
+constexpr QSize DefaultSize{820, 660}; // wider where the fonts need it
+constexpr qreal LargeSign = 1.6;       ///< of the window's own type size
 
 QString words(int id) { return QString::fromUtf8(ResText(id).c_str()); }
 
 QString text(const std::string& utf8) { return QString::fromUtf8(utf8.c_str()); }
 
-QLabel* heading(QWidget* parent, int id)
+QLabel* makeSign(QWidget* panel, const char* name)
 {
-    auto* label = new QLabel(words(id), parent);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
+    auto* label = new QLabel(panel);
+    label->setObjectName(QLatin1String(name));
+    label->setTextFormat(Qt::PlainText);
     return label;
+}
+
+QLabel* makeLargeSign(QWidget* panel, const char* name)
+{
+    QLabel* label = makeSign(panel, name);
+    QFont large = label->font();
+    large.setPointSizeF(large.pointSizeF() * LargeSign);
+    large.setBold(true);
+    label->setFont(large);
+    return label;
+}
+
+void showIn(QLabel* label, const QColor& colour)
+{
+    QPalette colours = label->palette();
+    colours.setColor(QPalette::WindowText, colour);
+    label->setPalette(colours);
 }
 
 /// Sets the rows that differ, so that the place of the scroll bar and the choice stay.
@@ -81,38 +103,78 @@ frmInstrument::~frmInstrument() { instrument_.onChange = nullptr; }
 void frmInstrument::buildControls()
 {
     auto* columns = new QHBoxLayout;
+    columns->setSpacing(Gap);
     columns->addWidget(buildHeld(), 1);
-    columns->addWidget(buildTraffic(), 1);
+    columns->addWidget(buildMessages(), 1);
+    CheckPaced = new QCheckBox(words(Words::CableSpeed), this);
+    CheckPaced->setObjectName(QStringLiteral("CheckPaced"));
+    CheckPaced->setChecked(service_.paced());
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(Margin, Margin, Margin, Margin);
+    layout->setSpacing(Gap);
     layout->addWidget(buildPanel());
     layout->addLayout(columns, 1);
+    layout->addWidget(CheckPaced);
 }
 
-// The panel looks like the display of an instrument: light signs on dark glass, whatever the desktop's colours are.
+/// What a player has before him: the display, the memory, the channels, the keys.
 QWidget* frmInstrument::buildPanel()
 {
-    auto* panel = new QFrame(this);
+    auto* panel = new GlassWidget(this);
     panel->setObjectName(QStringLiteral("FramePanel"));
-    panel->setStyleSheet(QStringLiteral("#FramePanel { background: #10262b; border: 1px solid #2f4a50;"
-                                        " border-radius: 6px; }"
-                                        " #FramePanel QLabel { color: #a9f0d1; }"));
-    LabelDeviceMode = new QLabel(panel);
-    LabelDeviceMode->setObjectName(QStringLiteral("LabelDeviceMode"));
-    LabelDeviceMode->setTextFormat(Qt::PlainText);
-    LabelArrangement = new QLabel(panel);
-    LabelArrangement->setObjectName(QStringLiteral("LabelArrangement"));
-    LabelArrangement->setTextFormat(Qt::PlainText);
-    QFont large = font();
-    large.setPointSizeF(large.pointSizeF() * 1.6);
-    large.setBold(true);
-    LabelDeviceMode->setFont(large);
-    LabelArrangement->setFont(large);
-    auto* layout = new QHBoxLayout(panel);
-    layout->setContentsMargins(16, 12, 16, 12);
-    layout->addWidget(LabelDeviceMode);
-    layout->addStretch(1);
-    layout->addWidget(LabelArrangement);
+    Gauges = new GaugesView(panel);
+    Gauges->setObjectName(QStringLiteral("Gauges"));
+    Gauges->setAccessibleName(words(Words::InstMemory));
+    Channels = new ChannelsView(panel);
+    Channels->setObjectName(QStringLiteral("Channels"));
+    Channels->setAccessibleName(words(Words::InstSelections));
+    Keys = new KeysView(panel);
+    Keys->setObjectName(QStringLiteral("Keys"));
+    Keys->setAccessibleName(words(Words::InstKeys));
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(PanelMargin, PanelMargin, PanelMargin, PanelMargin);
+    layout->setSpacing(PanelMargin);
+    layout->addLayout(buildDisplay(panel));
+    layout->addWidget(Gauges);
+    layout->addWidget(Channels);
+    layout->addWidget(Keys);
+    layout->addLayout(buildTraffic(panel));
     return panel;
+}
+
+QLayout* frmInstrument::buildDisplay(QWidget* panel)
+{
+    LabelDeviceMode = makeLargeSign(panel, "LabelDeviceMode");
+    LabelArrangement = makeLargeSign(panel, "LabelArrangement");
+    auto* line = new QHBoxLayout;
+    line->setSpacing(Gap);
+    line->addWidget(LabelDeviceMode);
+    line->addStretch(1);
+    line->addWidget(LabelArrangement);
+    return line;
+}
+
+/// The foot of the panel: what sounds, and what came over the cable.
+QLayout* frmInstrument::buildTraffic(QWidget* panel)
+{
+    QLabel* caption = makeSign(panel, "LabelKeysCaption");
+    caption->setText(words(Words::InstKeys));
+    showIn(caption, InstrumentColours::Faint);
+    LabelKeys = makeSign(panel, "LabelKeys");
+    LabelKeys->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // many keys must not widen the window
+    LabelCounts = makeSign(panel, "LabelCounts");
+    LabelBytes = makeSign(panel, "LabelBytes");
+    Lamp = new LampWidget(panel);
+    Lamp->setObjectName(QStringLiteral("Lamp"));
+    auto* line = new QHBoxLayout;
+    line->setSpacing(Gap);
+    line->addWidget(caption);
+    line->addWidget(LabelKeys, 1);
+    line->addWidget(LabelCounts);
+    line->addSpacing(Gap);
+    line->addWidget(LabelBytes);
+    line->addWidget(Lamp);
+    return line;
 }
 
 QListWidget* frmInstrument::addTab(const char* name, int captionId)
@@ -134,52 +196,31 @@ QWidget* frmInstrument::buildHeld()
     ListStyles = addTab("ListStyles", Words::InstStyles);
     ListPrograms = addTab("ListPrograms", Words::InstPrograms);
     ListParameters = addTab("ListParameters", Words::InstParameters);
-    for (QListWidget* list : {ListArrangements, ListStyles, ListPrograms})
-        list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    ListChannels = addTab("ListChannels", Words::InstSelections);
     return TabHeld;
 }
 
-QWidget* frmInstrument::buildTraffic()
+QWidget* frmInstrument::buildMessages()
 {
-    auto* traffic = new QWidget(this);
-    ListChannels = new QListWidget(traffic);
-    ListChannels->setObjectName(QStringLiteral("ListChannels"));
-    ListChannels->setAccessibleName(words(Words::InstSelections));
-    Keys = new KeysView(traffic);
-    Keys->setObjectName(QStringLiteral("Keys"));
-    Keys->setAccessibleName(words(Words::InstKeys));
-    LabelKeys = new QLabel(traffic);
-    LabelKeys->setObjectName(QStringLiteral("LabelKeys"));
-    LabelKeys->setTextFormat(Qt::PlainText);
-    LabelKeys->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // many keys must not widen the window
-    ListMessages = new QListWidget(traffic);
+    auto* column = new QWidget(this);
+    auto* caption = new QLabel(words(Words::InstMessages), column);
+    caption->setObjectName(QStringLiteral("LabelMessages"));
+    ListMessages = new QListWidget(column);
     ListMessages->setObjectName(QStringLiteral("ListMessages"));
-    ListMessages->setAccessibleName(words(Words::InstMessages));
+    ListMessages->setAccessibleName(caption->text());
+    caption->setBuddy(ListMessages);
     // A long row ends in dots, and its tool tip tells the rest.
     for (QListWidget* list : {ListChannels, ListMessages})
         list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    LabelCounts = new QLabel(traffic);
-    LabelCounts->setObjectName(QStringLiteral("LabelCounts"));
-    CheckPaced = new QCheckBox(words(Words::CableSpeed), traffic);
-    CheckPaced->setObjectName(QStringLiteral("CheckPaced"));
-    CheckPaced->setChecked(service_.paced());
 
-    auto* keysLine = new QHBoxLayout;
-    keysLine->addWidget(heading(traffic, Words::InstKeys));
-    keysLine->addWidget(LabelKeys, 1);
-    auto* lastLine = new QHBoxLayout;
-    lastLine->addWidget(CheckPaced, 1);
-    lastLine->addWidget(LabelCounts);
-    auto* layout = new QVBoxLayout(traffic);
+    auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(heading(traffic, Words::InstSelections));
-    layout->addWidget(ListChannels, 2);
-    layout->addLayout(keysLine);
-    layout->addWidget(Keys);
-    layout->addWidget(heading(traffic, Words::InstMessages));
-    layout->addWidget(ListMessages, 3);
-    layout->addLayout(lastLine);
-    return traffic;
+    // The list begins and ends beside that of the tabs.
+    caption->setFixedHeight(TabHeld->tabBar()->sizeHint().height() - Gap / 2);
+    layout->setSpacing(Gap / 2);
+    layout->addWidget(caption);
+    layout->addWidget(ListMessages, 1);
+    return column;
 }
 
 void frmInstrument::wireHandlers()
@@ -204,7 +245,7 @@ void frmInstrument::showEvent(QShowEvent* event)
 void frmInstrument::refresh()
 {
     showPanel();
-    showChannels();
+    showTraffic();
     showHeld();
     showKeys();
     showMessages();
@@ -215,9 +256,20 @@ void frmInstrument::showPanel()
     const QString mode = text(instrument_.modeLabel());
     LabelDeviceMode->setText(mode.isEmpty() ? words(Words::InstNothingYet) : mode);
     LabelArrangement->setText(text(InstrumentTexts::selection(instrument_, instrument_.globalChannel())));
+    Gauges->show(InstrumentGlance::held(instrument_));
+    Channels->show(InstrumentGlance::channels(instrument_));
 }
 
-void frmInstrument::showChannels() { setRows(ListChannels, InstrumentTexts::channelRows(instrument_)); }
+void frmInstrument::showTraffic()
+{
+    const std::int64_t bytes = instrument_.byteCount();
+    LabelBytes->setText(text(InstrumentWords::filledIn(Words::InstBytes, {InstrumentGlance::figure(bytes)})));
+    if (bytes != shownBytes_)
+        Lamp->flash();
+    shownBytes_ = bytes;
+    LabelCounts->setText(text(InstrumentTexts::counts(instrument_)));
+    showIn(LabelCounts, instrument_.malformedCount() > 0 ? InstrumentColours::Warning : InstrumentColours::Sign);
+}
 
 void frmInstrument::showHeld()
 {
@@ -229,6 +281,7 @@ void frmInstrument::showHeld()
     setRows(ListPrograms, InstrumentTexts::namedRows(PrgLayout::RecordCount,
                                                      [this](int index) { return instrument_.programName(index); }));
     setRows(ListParameters, InstrumentTexts::parameterRows(instrument_));
+    setRows(ListChannels, InstrumentTexts::channelRows(instrument_));
 }
 
 void frmInstrument::showKeys()
@@ -245,7 +298,6 @@ void frmInstrument::showKeys()
 
 void frmInstrument::showMessages()
 {
-    LabelCounts->setText(text(InstrumentTexts::counts(instrument_)));
     const auto& log = instrument_.lastMessages();
     const std::int64_t fresh =
         std::min<std::int64_t>(instrument_.loggedCount() - shownMessages_, static_cast<std::int64_t>(log.size()));

@@ -8,13 +8,18 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <array>
 #include <cstdint>
 
 class QCheckBox;
 class QLabel;
+class QLayout;
 class QListWidget;
 class QTabWidget;
+class ChannelsView;
+class GaugesView;
 class KeysView;
+class LampWidget;
 class VirtualMidiService;
 
 class frmInstrument final : public QWidget
@@ -33,13 +38,15 @@ protected:
 private:
     void buildControls();
     QWidget* buildPanel();
+    QLayout* buildDisplay(QWidget* panel);
+    QLayout* buildTraffic(QWidget* panel);
     QWidget* buildHeld();
-    QWidget* buildTraffic();
+    QWidget* buildMessages();
     QListWidget* addTab(const char* name, int captionId);
     void wireHandlers();
 
     void showPanel();
-    void showChannels();
+    void showTraffic();
     void showHeld();
     void showKeys();
     void showMessages();
@@ -48,18 +55,23 @@ private:
     VirtualMidiService& service_;
     QTimer TimerRefresh;
     std::int64_t shownMessages_ = 0;
+    std::int64_t shownBytes_ = 0;
 
     QLabel* LabelDeviceMode = nullptr;
     QLabel* LabelArrangement = nullptr;
+    LampWidget* Lamp = nullptr;
+    QLabel* LabelBytes = nullptr;
+    QLabel* LabelCounts = nullptr;
+    GaugesView* Gauges = nullptr;
+    ChannelsView* Channels = nullptr;
+    KeysView* Keys = nullptr;
+    QLabel* LabelKeys = nullptr;
     QTabWidget* TabHeld = nullptr;
     QListWidget* ListChannels = nullptr;
     QListWidget* ListArrangements = nullptr;
     QListWidget* ListStyles = nullptr;
     QListWidget* ListPrograms = nullptr;
     QListWidget* ListParameters = nullptr;
-    KeysView* Keys = nullptr;
-    QLabel* LabelKeys = nullptr;
     QListWidget* ListMessages = nullptr;
-    QLabel* LabelCounts = nullptr;
     QCheckBox* CheckPaced = nullptr;
 };

@@ -2,6 +2,7 @@
 #include "keyboard/KeyWidget.h"
 
 #include "keyboard/KeyGeometry.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/QtPanelParts.h"
 
 #include <QPainter>
@@ -16,7 +17,6 @@ constexpr QRgb WhiteShade = 0xFFC4C7CC;
 constexpr QRgb WhiteLip = 0xFFDDE0E4;
 constexpr QRgb BlackShine = 0xFF6A6D72;
 constexpr QRgb BlackLip = 0xFF34363A;
-constexpr QRgb Cursor = 0xFF2A7FFF;
 
 /// A key with its two lower corners rounded.
 QPainterPath keyShape(const QRectF& face, qreal radius)
@@ -65,7 +65,7 @@ void KeyWidget::paintEvent(QPaintEvent*)
     if (marked_)
         paintMark(painter);
     if (cursor_) {
-        painter.setPen(QPen(QColor::fromRgb(Cursor), 2));
+        painter.setPen(QPen(Looks::accentOn(palette(), Qt::black), 2));
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(QRectF(rect()).adjusted(2, 2, -3, -3));
     }

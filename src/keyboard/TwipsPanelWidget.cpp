@@ -3,6 +3,7 @@
 
 #include "toolkit/Twips.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 
 #include <algorithm>
@@ -16,6 +17,10 @@ constexpr int Inch = 1440;
 // it gives way.
 constexpr qreal WorthGrowing = 1.05;
 constexpr qreal Smallest = 0.96;
+/// A desktop's type from which on the panel is at least as much larger, and scrolled; points.
+constexpr qreal LargeType = 12;
+
+qreal leastFactor() { return Smallest * std::max<qreal>(1, QApplication::font().pointSizeF() / LargeType); }
 
 int pixelsX(int twips, qreal factor) { return qRound(twips * factor * twipsToPixelsX(Inch) / Inch); }
 int pixelsY(int twips, qreal factor) { return qRound(twips * factor * twipsToPixelsY(Inch) / Inch); }
@@ -25,7 +30,7 @@ int pixelsY(int twips, qreal factor) { return qRound(twips * factor * twipsToPix
 TwipsPanelWidget::TwipsPanelWidget(int width, int height, qreal pointSize, QWidget* parent)
     : QWidget(parent), width_(width), height_(height), pointSize_(pointSize)
 {
-    setMinimumSize(atFactor(Smallest));
+    setMinimumSize(atFactor(leastFactor()));
     showWords();
     setMouseTracking(true);
 }
@@ -64,7 +69,8 @@ void TwipsPanelWidget::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     const QSize whole = atFactor(1);
     const qreal fits = std::min(width() / qreal(whole.width()), height() / qreal(whole.height()));
-    const qreal factor = fits > WorthGrowing ? fits : std::clamp<qreal>(fits, Smallest, 1);
+    const qreal factor =
+        fits > WorthGrowing ? fits : std::clamp<qreal>(fits, leastFactor(), std::max<qreal>(1, leastFactor()));
     if (factor != factor_) {
         factor_ = factor;
         showWords();

@@ -8,6 +8,7 @@
 #include "keyboard/KeyWidget.h"
 #include "keyboard/TwipsPanelWidget.h"
 #include "toolkit/Choices.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/QtPanelParts.h"
 
 #include <QCheckBox>
@@ -60,7 +61,6 @@ constexpr int RowHeight = 320;
 /// The rim around the keys.
 constexpr TwipsRect Case{30, 2450, KeyGeometry::Frame.width + 80, 200 + KeyGeometry::Frame.height + 30};
 constexpr QRgb CaseColour = 0xFF26282C;
-constexpr QRgb MarkerColour = 0xFFFFB020;
 
 QString word(int id) { return QString::fromUtf8(ResText(id).c_str()); }
 QString latin(std::string_view text) { return fromPanel(text); }
@@ -77,7 +77,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor::fromRgb(MarkerColour));
+        painter.setBrush(Looks::accentOn(palette(), QColor::fromRgb(CaseColour)));
         const QRectF whole(rect());
         painter.drawPolygon(
             QPolygonF{{whole.topLeft(), whole.topRight(), QPointF(whole.center().x(), whole.bottom())}});

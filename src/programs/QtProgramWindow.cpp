@@ -11,6 +11,7 @@
 #include "programs/ProgramSends.h"
 #include "programs/ProgramSource.h"
 #include "toolkit/Choices.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/RowColumns.h"
 #include "toolkit/RowList.h"
 
@@ -25,13 +26,10 @@ namespace
 constexpr int CloseRow = 8;
 constexpr int Channels = 16;
 constexpr int ChannelWidth = 3; ///< characters of an entry, "  1" to " 16"
-constexpr const char* ListFace = "Arial";
-constexpr int ListPointSize = 10;
 
-constexpr int Margin = 8;
+using Looks::Margin;
 constexpr int NarrowMargin = 4;
-constexpr int Gap = 5;
-constexpr int GroupGap = 10;
+using Looks::GroupGap;
 
 bool programFieldHighlighted()
 {
@@ -39,26 +37,19 @@ bool programFieldHighlighted()
     return target != nullptr && target->PrgFieldSelected();
 }
 
-QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption)
-{
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QLatin1String(name));
-    return button;
-}
-
 } // namespace
 
 void QtProgramWindow::makeControls(QWidget* content, Load load)
 {
     List1 = new RowList(content, QStringLiteral("List1"));
-    List1->setFont(QFont(QLatin1String(ListFace), ListPointSize, QFont::Normal));
+    List1->setFont(Looks::listFont(content));
     List1->setItemDelegate(new RowColumns(List1));
     connect(this, &QWidget::windowTitleChanged, List1, &QWidget::setAccessibleName);
 
     if (load == Load::Button)
-        CommLoad = makeButton(content, "CommLoad", QStringLiteral("&Load Prog"));
-    CommArrPlay = makeButton(content, "CommArrPlay", QStringLiteral("&ARR PLAY"));
-    CommSongPlay = makeButton(content, "CommSongPlay", QStringLiteral("SO&NG PLAY"));
+        CommLoad = Looks::makeButton(content, "CommLoad", QStringLiteral("&Load Prog"));
+    CommArrPlay = Looks::makeButton(content, "CommArrPlay", QStringLiteral("&ARR PLAY"));
+    CommSongPlay = Looks::makeButton(content, "CommSongPlay", QStringLiteral("SO&NG PLAY"));
     Label1 = new QLabel(QStringLiteral("MIDI Channel"), content);
     Label1->setObjectName(QStringLiteral("Label1"));
     Combo1 = new QComboBox(content);
@@ -68,7 +59,7 @@ void QtProgramWindow::makeControls(QWidget* content, Load load)
     for (int channel = 1; channel <= Channels; ++channel)
         Combo1->addItem(QString::number(channel).rightJustified(ChannelWidth));
     Label1->setBuddy(Combo1);
-    CommClose = makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
+    CommClose = Looks::makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
 
     onComboClick(Combo1, [this](int index) { Combo1_Click(index); });
     connect(CommArrPlay, &QPushButton::clicked, this, [] { ModeArrPlay(); });
@@ -79,8 +70,10 @@ void QtProgramWindow::makeControls(QWidget* content, Load load)
 void QtProgramWindow::layOut(QWidget* content, Layout layout) const
 {
     const bool narrow = layout == Layout::BelowTheList;
+    if (!narrow)
+        List1->setMinimumWidth(Looks::ShownCharacters * List1->fontMetrics().averageCharWidth());
     auto* column = new QVBoxLayout;
-    column->setSpacing(Gap);
+    column->setSpacing(Looks::ButtonGap);
     for (QPushButton* button : {CommLoad, CommArrPlay, CommSongPlay}) {
         if (!button)
             continue;

@@ -1,6 +1,7 @@
 // A narrow window: its name stands above the list, since the title bar has no room for it, and all else below.
 #include "programs/frmDrum.h"
 
+#include "toolkit/QtLooks.h"
 #include "toolkit/RowColumns.h"
 #include "toolkit/RowList.h"
 
@@ -10,7 +11,7 @@
 namespace
 {
 
-constexpr int SmallPointSize = 9;
+constexpr qreal Smaller = 0.9; ///< of the other lists' type
 
 } // namespace
 
@@ -26,7 +27,7 @@ void frmDrum::buildControls()
     makeControls(content, Load::None);
     List1->setItemDelegate(new RowColumns(List1, RowColumns::Marks::None));
     QFont small = List1->font(); // the longest of the names fits the narrow list
-    small.setPointSize(SmallPointSize);
+    small.setPointSizeF(small.pointSizeF() * Smaller);
     List1->setFont(small);
     List1->onClick([this] { chooseRow(); });
     layOut(content, Layout::BelowTheList);

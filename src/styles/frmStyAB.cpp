@@ -7,6 +7,7 @@
 #include "styles/StyFieldAssign.h"
 #include "styles/StyWindowBuilder.h"
 #include "styles/StyleRows.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/RowColumns.h"
 #include "toolkit/RowList.h"
 
@@ -17,17 +18,7 @@ namespace
 {
 
 constexpr int CloseRow = 8;
-constexpr int Margin = 8;
-constexpr int Gap = 5;
-constexpr const char* ListFace = "Arial";
-constexpr int ListPointSize = 10;
-
-QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption)
-{
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QLatin1String(name));
-    return button;
-}
+using Looks::Margin;
 
 } // namespace
 
@@ -44,14 +35,15 @@ void frmStyAB::buildControls()
 {
     auto* content = new QWidget;
     List1 = new RowList(content, QStringLiteral("List1"));
-    List1->setFont(QFont(QLatin1String(ListFace), ListPointSize, QFont::Normal));
+    List1->setFont(Looks::listFont(content));
+    List1->setMinimumWidth(Looks::ShownCharacters * List1->fontMetrics().averageCharWidth());
     List1->setItemDelegate(new RowColumns(List1));
-    CommArrPlay = makeButton(content, "CommArrPlay", QStringLiteral("&ARR PLAY"));
-    CommSongPlay = makeButton(content, "CommSongPlay", QStringLiteral("SO&NG PLAY"));
-    CommClose = makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
+    CommArrPlay = Looks::makeButton(content, "CommArrPlay", QStringLiteral("&ARR PLAY"));
+    CommSongPlay = Looks::makeButton(content, "CommSongPlay", QStringLiteral("SO&NG PLAY"));
+    CommClose = Looks::makeButton(content, "CommClose", QString::fromUtf8(ResText(CloseRow).c_str()));
 
     auto* column = new QVBoxLayout;
-    column->setSpacing(Gap);
+    column->setSpacing(Looks::ButtonGap);
     column->addWidget(CommArrPlay);
     column->addWidget(CommSongPlay);
     column->addStretch(1);

@@ -8,6 +8,7 @@
 #include "core/Words.h"
 #include "styles/StyWindowBuilder.h"
 #include "styles/StyleRows.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/RowColumns.h"
 #include "toolkit/RowList.h"
 
@@ -28,11 +29,9 @@ constexpr const char* BytesCaption = "bytes";
 
 constexpr int CloseRow = 8;
 
-constexpr int Margin = 8;
+using Looks::Margin;
 constexpr int Gap = 6;
 constexpr int PanelGap = 3;
-constexpr const char* ListFace = "Arial";
-constexpr int ListPointSize = 10;
 constexpr int ShownCharacters = 18; ///< of a row at the least
 constexpr const char* WidestLength = "65535 ";
 constexpr const char* WidestFigure = "1048560 ";
@@ -118,7 +117,7 @@ void frmStyUN::makeList(QWidget* content)
 {
     List1 = new RowList(content, QStringLiteral("List1"));
     List1->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    List1->setFont(QFont(QLatin1String(ListFace), ListPointSize, QFont::Normal));
+    List1->setFont(Looks::listFont(content));
     List1->setItemDelegate(new RowColumns(List1));
     List1->setMinimumWidth(ShownCharacters * List1->fontMetrics().averageCharWidth());
     List1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

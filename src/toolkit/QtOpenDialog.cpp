@@ -9,6 +9,9 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QGridLayout>
+#include <QHeaderView>
+#include <QScreen>
+#include <QTreeView>
 #include <algorithm>
 
 namespace
@@ -28,6 +31,23 @@ QCheckBox* addReadOnlyBox(QFileDialog& dialog, bool checked)
     if (auto* grid = qobject_cast<QGridLayout*>(dialog.layout()))
         grid->addWidget(box, grid->rowCount(), 1);
     return box;
+}
+
+/// Sizes and dates are shown whole; a long name gives way.
+void makeRoomForColumns(QFileDialog& dialog)
+{
+    constexpr int MeasuredRows = 50; ///< of a large folder
+    constexpr int Characters = 96;   ///< of the dialog's width
+    auto* view = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (!view)
+        return;
+    QHeaderView* header = view->header();
+    header->setStretchLastSection(false);
+    header->setResizeContentsPrecision(MeasuredRows);
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+    const int width = dialog.fontMetrics().averageCharWidth() * Characters;
+    dialog.resize(dialog.sizeHint().expandedTo(QSize(width, 0)).boundedTo(dialog.screen()->availableSize()));
 }
 
 } // namespace
@@ -67,6 +87,7 @@ void applyDialogWords(QFileDialog& dialog, int acceptRow)
     dialog.setLabelText(QFileDialog::FileType, words(Words::FileType));
     dialog.setLabelText(QFileDialog::Accept, words(acceptRow));
     dialog.setLabelText(QFileDialog::Reject, words(Words::Cancel));
+    makeRoomForColumns(dialog);
 }
 
 OpenDialogAnswer runOpenDialog(const OpenDialogRequest& request, QWidget* parent)

@@ -20,5 +20,5 @@ QStringList nameFilters(const QString& filters);
 int shownFilter(const QStringList& filters, const QString& shown);
 /// What a typed name without extension gets: the first extension of the filter; nothing for "every file".
 QString suffixOf(const QString& nameFilter);
-/// The labels in the language of the run; the accepting button says row `acceptRow`.
+/// The labels in the language of the run; the accepting button says row `acceptRow`. The columns as wide as they want.
 void applyDialogWords(QFileDialog& dialog, int acceptRow);

@@ -239,6 +239,13 @@ QLabel* makeValueText(QWidget* parent, const char* widest)
     return label;
 }
 
+QLabel* makeValueBeside(QWidget* parent, const char* widest)
+{
+    QLabel* label = makeValueText(parent, widest);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return label;
+}
+
 QLineEdit* makeShownText(QWidget* parent, const char* accessibleName, const QString& hint)
 {
     auto* field = new QLineEdit(parent);

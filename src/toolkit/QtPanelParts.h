@@ -60,8 +60,10 @@ void showPosition(QComboBox* combo, int position);
 /// A vertical fader, its maximum at the top, or a horizontal one. `largeStep` is that of the page keys.
 QSlider* makeFader(QWidget* parent, Qt::Orientation orientation, int low, int high, int largeStep);
 
-/// A label for a value, as wide as its widest text.
+/// A label for the value of an upright fader, as wide as its widest text and centred over or under it.
 QLabel* makeValueText(QWidget* parent, const char* widest);
+/// The same at the end of a lying fader: right-aligned, so that the figures stand in a column.
+QLabel* makeValueBeside(QWidget* parent, const char* widest);
 
 QLineEdit* makeShownText(QWidget* parent, const char* accessibleName, const QString& hint = {});
 

@@ -2,9 +2,14 @@
 
 #include "core/Dichiarazioni.h"
 #include "core/NameTables.h"
+#include "instrument/ChannelsView.h"
+#include "instrument/GaugesView.h"
+#include "instrument/GlassWidget.h"
+#include "instrument/InstrumentColours.h"
 #include "instrument/KeysView.h"
 #include "instrument/VirtualMidiService.h"
 #include "support/Hex.h"
+#include "toolkit/QtLooks.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -268,4 +273,54 @@ TEST_F(InstrumentWindow, leavesTheInstrumentWholeWhenItGoes)
     take("F0 42 30 4D 4E 04 F7");
     EXPECT_EQ(instrument.mode(), 2);
     EXPECT_FALSE(static_cast<bool>(instrument.onChange));
+}
+
+TEST_F(InstrumentWindow, showsAtAGlanceWhatItHoldsAndHowMuchCame)
+{
+    open();
+    EXPECT_EQ(label("LabelBytes"), "0 bytes");
+    EXPECT_FALSE(find<LampWidget>("Lamp")->lit());
+    EXPECT_EQ(find<GaugesView>("Gauges")->accessibleDescription(),
+              "Arrangements 0 / 64, Styles 0 / 16, Programs 0 / 64, Global block 0 / 1");
+    const QImage empty = find<GaugesView>("Gauges")->grab().toImage();
+    instrument.take(arrangementDump());
+    window->refresh();
+    EXPECT_EQ(label("LabelBytes"), "12\u202F002 bytes"); // 10496 bytes in groups of 7 and 8, head 5, end 1
+    EXPECT_TRUE(find<LampWidget>("Lamp")->lit());
+    EXPECT_EQ(find<GaugesView>("Gauges")->accessibleDescription(),
+              "Arrangements 3 / 64, Styles 0 / 16, Programs 0 / 64, Global block 0 / 1");
+    EXPECT_NE(find<GaugesView>("Gauges")->grab().toImage(), empty);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !find<LampWidget>("Lamp")->lit(); }, 2000));
+}
+
+TEST_F(InstrumentWindow, drawsLevelsPansAndSoundingChannels)
+{
+    open();
+    auto* view = find<ChannelsView>("Channels");
+    QImage before = view->grab().toImage();
+    for (const char* message : {"B2 07 64", "B2 0A 20", "92 3C 40", "C2 05"}) {
+        take(message);
+        window->refresh();
+        const QImage now = view->grab().toImage();
+        EXPECT_NE(now, before) << message;
+        before = now;
+    }
+}
+
+TEST_F(InstrumentWindow, warnsOfMalformedMessages)
+{
+    open();
+    const auto colour = [this] { return find<QLabel>("LabelCounts")->palette().color(QPalette::WindowText); };
+    EXPECT_EQ(colour(), InstrumentColours::Sign);
+    take("05");
+    window->refresh();
+    EXPECT_EQ(colour(), InstrumentColours::Warning);
+}
+
+TEST(InstrumentPanel, canBeReadOnItsGlass)
+{
+    for (const QColor& sign : {InstrumentColours::Sign, InstrumentColours::Faint, InstrumentColours::Warning}) {
+        EXPECT_GE(Looks::contrast(sign, InstrumentColours::Glass), 4.5) << sign.name().toStdString();
+        EXPECT_GE(Looks::contrast(sign, InstrumentColours::Well), 4.5) << sign.name().toStdString();
+    }
 }

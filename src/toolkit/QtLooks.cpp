@@ -1,0 +1,79 @@
+// Measuring contrast, and moving colours until they have it.
+#include "toolkit/QtLooks.h"
+
+#include <QPushButton>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+constexpr const char* ListFace = "Arial";
+constexpr qreal ListPointSize = 10;
+constexpr int Steps = 20; ///< from one colour to another
+
+/// Of light that a part of a colour sends out, 0 to 1.
+qreal linear(qreal part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); }
+
+qreal luminance(const QColor& colour)
+{
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+QColor between(const QColor& from, const QColor& to, int step)
+{
+    const auto part = [step](int a, int b) { return a + (b - a) * step / Steps; };
+    return {part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue())};
+}
+
+/// The first colour on the way from one to another that has a contrast to a ground.
+QColor onTheWay(const QColor& from, const QColor& to, const QColor& ground, qreal wanted)
+{
+    for (int step = 0; step < Steps; ++step)
+        if (const QColor colour = between(from, to, step); Looks::contrast(colour, ground) >= wanted)
+            return colour;
+    return to;
+}
+
+} // namespace
+
+QFont Looks::listFont(const QWidget* window)
+{
+    QFont font(QLatin1String(ListFace), -1, QFont::Normal);
+    font.setPointSizeF(std::max(ListPointSize, window->font().pointSizeF()));
+    return font;
+}
+
+qreal Looks::contrast(const QColor& one, const QColor& other)
+{
+    const qreal a = luminance(one);
+    const qreal b = luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+QColor Looks::accentOn(const QPalette& palette, const QColor& ground)
+{
+    return onTheWay(palette.color(QPalette::Active, QPalette::Highlight), Qt::white, ground, DrawingContrast);
+}
+
+QPalette Looks::readable(QPalette palette)
+{
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        const QColor accent = palette.color(group, QPalette::Highlight);
+        const QColor words = palette.color(group, QPalette::HighlightedText);
+        if (contrast(accent, words) >= TextContrast)
+            continue;
+        const QColor away = luminance(words) > luminance(accent) ? Qt::black : Qt::white;
+        palette.setColor(group, QPalette::Highlight, onTheWay(accent, away, words, TextContrast));
+    }
+    return palette;
+}
+
+QPushButton* Looks::makeButton(QWidget* parent, const char* name, const QString& caption)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(QLatin1String(name));
+    return button;
+}

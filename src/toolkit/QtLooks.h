@@ -1,0 +1,40 @@
+// The quiet look that all windows share: margins and gaps, the type of the lists, and colours that are drawn from the
+// desktop's palette, so that a dark theme stays dark.
+//
+// Lengths are pixels at scale 1; the toolkit enlarges them with the screen.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+class QPushButton;
+class QString;
+class QWidget;
+
+namespace Looks
+{
+
+inline constexpr int Margin = 8;               ///< between a window's edge and its controls, and between its parts
+inline constexpr int GroupGap = 10;            ///< between groups of buttons
+inline constexpr int ButtonGap = GroupGap / 2; ///< between the buttons of a group
+inline constexpr int ShownCharacters = 20;     ///< of a row of the instrument at the least: code, mark, name
+inline constexpr qreal TextContrast = 4.5;     ///< of text to its ground, at the least
+inline constexpr qreal DrawingContrast = 3.0;  ///< of a mark that is no text
+
+/// The type of every list of the instrument's rows: Arial of 10 points, more where the desktop's own type is larger.
+QFont listFont(const QWidget* window);
+
+/// Contrast of two colours as the accessibility guidelines count it, 1 to 21.
+qreal contrast(const QColor& one, const QColor& other);
+
+/// The accent of the palette, lightened until it stands out from a dark ground.
+QColor accentOn(const QPalette& palette, const QColor& ground);
+
+/// The palette with an accent on which a selected row can be read; equal to `palette` where it can be already.
+QPalette readable(QPalette palette);
+
+/// A button with its object name.
+QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption);
+
+} // namespace Looks

@@ -1,0 +1,64 @@
+// The colours and the type that windows share.
+#include "toolkit/QtLooks.h"
+
+#include <QWidget>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+QPalette withAccent(const QColor& accent, const QColor& words)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::HighlightedText, words);
+    return palette;
+}
+
+} // namespace
+
+// The figures are those that the guidelines for accessible pages print for these pairs.
+TEST(Contrast, isCountedAsTheGuidelinesDo)
+{
+    EXPECT_NEAR(Looks::contrast(Qt::black, Qt::white), 21.0, 0.01);
+    EXPECT_NEAR(Looks::contrast(Qt::white, Qt::white), 1.0, 0.001);
+    EXPECT_NEAR(Looks::contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.01);
+    EXPECT_NEAR(Looks::contrast(Qt::white, QColor(0x76, 0x76, 0x76)), 4.54, 0.01);
+    EXPECT_NEAR(Looks::contrast(QColor(255, 0, 0), Qt::white), 4.00, 0.01);
+}
+
+TEST(Accent, thatCanBeReadIsLeftAlone)
+{
+    const QPalette palette = withAccent(QColor(0x1F, 0x4E, 0x79), Qt::white);
+    EXPECT_EQ(Looks::readable(palette), palette);
+}
+
+TEST(Accent, tooLightForWhiteWordsGetsDarkerAndForBlackOnesLighter)
+{
+    const QPalette dark = Looks::readable(withAccent(QColor(0x30, 0x8C, 0xC6), Qt::white)); // 3.7 to 1
+    EXPECT_GE(Looks::contrast(dark.color(QPalette::Active, QPalette::Highlight), Qt::white), 4.5);
+    EXPECT_GE(Looks::contrast(dark.color(QPalette::Inactive, QPalette::Highlight), Qt::white), 4.5);
+    EXPECT_LT(dark.color(QPalette::Highlight).lightness(), QColor(0x30, 0x8C, 0xC6).lightness());
+    const QPalette light = Looks::readable(withAccent(QColor(0x30, 0x30, 0xC0), Qt::black));
+    EXPECT_GE(Looks::contrast(light.color(QPalette::Active, QPalette::Highlight), Qt::black), 4.5);
+}
+
+TEST(Accent, standsOutFromADarkGround)
+{
+    const QColor ground(0x26, 0x28, 0x2C);
+    for (const QColor& accent : {QColor(0x10, 0x20, 0x30), QColor(0x30, 0x8C, 0xC6), QColor(0xFF, 0xC0, 0x00)})
+        EXPECT_GE(Looks::contrast(Looks::accentOn(withAccent(accent, Qt::white), ground), ground), 3.0);
+}
+
+TEST(ListType, isArialOfTenPointsAndFollowsLargerType)
+{
+    QWidget window;
+    QFont font = window.font();
+    font.setPointSizeF(9);
+    window.setFont(font);
+    EXPECT_EQ(Looks::listFont(&window).family(), "Arial");
+    EXPECT_EQ(Looks::listFont(&window).pointSizeF(), 10);
+    font.setPointSizeF(18);
+    window.setFont(font);
+    EXPECT_EQ(Looks::listFont(&window).pointSizeF(), 18);
+}
