@@ -12,6 +12,7 @@
 #include "shell/frmAvviso2.h"
 #include "shell/frmLingua.h"
 #include "shell/frmMain.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/QtToolkitWords.h"
 #include "toolkit/QtUserInterface.h"
 
@@ -65,6 +66,8 @@ int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker
     QApplication::setApplicationName(QString::fromLatin1(identity.windowClass));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(identity.entry));
     QApplication::setWindowIcon(programIcon());
+    if (const QPalette readable = Looks::readable(QApplication::palette()); readable != QApplication::palette())
+        QApplication::setPalette(readable);
     // The end of the main window ends the program, whatever other window stands.
     QApplication::setQuitOnLastWindowClosed(false);
 
