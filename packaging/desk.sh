@@ -55,7 +55,7 @@ desk_main() {
 
 # desk_main_comes CLASS: answers what stands before the main window until that is there: the question of the first start,
 # with the language where the focus stands, and the box that a machine without sound shows.
-desk_main_comes() { desk_until 60 desk_answer "$1"; }
+desk_main_comes() { desk_until 120 desk_answer "$1"; }
 desk_answer() {
     local window
     desk_main "$1" && return 0

@@ -52,6 +52,11 @@ configure() {
     cmake --preset "$preset" "$@" >/dev/null
 }
 
+# for_usr FOLDER: what a build folder installs goes to /usr, as a package's files do.
+for_usr() {
+    grep -qx 'CMAKE_INSTALL_PREFIX:PATH=/usr' "$1/CMakeCache.txt" || cmake -DCMAKE_INSTALL_PREFIX=/usr "$1" >/dev/null
+}
+
 # build PRESET [TARGET...]: builds and says only what goes wrong.
 build() {
     local preset=$1 targets=() target
