@@ -58,10 +58,10 @@ row_spelling() {
 
 # The rows below are proved by tests; these are their names.
 words_tests='EveryWord\.ofTheSmallWindowsAndDialogsStandsInTheTables|MessageBoxes\.speakTheLanguageOfTheRun'
-scale_tests='Looks|HighResolution|LargeFont|EveryWord\.fitsIntoItsWindow'
-dark_tests='Dark|Contrast'
-key_tests='Mnemonic|Accelerator|StandardKey'
-accessibility_tests='Accessib|ScreenReader'
+scale_tests='pictures\.ofEveryWindow|EveryWord\.fitsIntoItsWindow'
+dark_tests='Contrast\.|TextIn\.|Accent\.|Focus\.isSeenOnEachControlOfADarkDesktop'
+key_tests='KeysEverywhere\.noLetter|KeysOnly\.'
+accessibility_tests='SpokenWindows\.|speaksOfEachControlToAScreenReader'
 silent_tests='NoDevice\.'
 visible_tests='MainWindow\.aPlaceOffEveryScreenIsShownInViewAndKeptAsItWas|Children\.areMovedIntoViewWhileTheStoredPlaceStays'
 progress_tests='SendProgress\.(showsABarOnly|tellsTheSeconds|aSendThatBrokeOff)|StatusPanel\.standsInItsOrder'
