@@ -97,18 +97,11 @@ bool endsInKind(const std::string& name, int fileKind) { return FileKindOf(name)
 
 bool isProgram(int fileKind) { return fileKind == FileKind::Prg || fileKind == FileKind::Pgg; }
 
+/// True for an arrangement window with styles beside its arrangements.
 bool hasStyles(const WindowBuffer& tag)
 {
-    switch (tag.kind()) {
-    case WindowKind::StyFile:
-    case WindowKind::StyNew:
-        return true;
-    case WindowKind::ArrFile:
-    case WindowKind::ArrNew:
-        return tag.at(WindowLayout::StyStateOffset) != WindowLayout::StyState::None;
-    default:
-        return false;
-    }
+    const bool arrangements = tag.kind() == WindowKind::ArrFile || tag.kind() == WindowKind::ArrNew;
+    return arrangements && tag.at(WindowLayout::StyStateOffset) != WindowLayout::StyState::None;
 }
 
 } // namespace

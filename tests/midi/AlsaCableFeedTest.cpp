@@ -339,3 +339,33 @@ TEST_F(AlsaCableFeed, anotherProgramThatNeverStopsWritingIsAnErrorAndNoWaitWitho
     outlet.foreign = 0;
     EXPECT_EQ(feed.sendWhole(one, dump(2000), {}), 0);
 }
+
+TEST_F(AlsaCableFeed, waitsForTheTransfersThatNoAccountShows)
+{
+    struct Watching final : CableOutlet {
+        DeviceOutlet& real;
+        std::int64_t total = 0;
+        std::int64_t emptyAt = 0;
+        explicit Watching(DeviceOutlet& outlet) : real(outlet) { watched = true; }
+        int give(PieceKind kind, std::string_view bytes) override { return real.give(kind, bytes); }
+        std::optional<PortAccount> account() override
+        {
+            const std::optional<PortAccount> now = real.account();
+            if (now && now->passedOn >= total && emptyAt == 0)
+                emptyAt = real.clock.now;
+            return now;
+        }
+    } watching(outlet);
+    watching.total = 1000;
+    outlet.device.stallFrom = clock.now;
+    outlet.device.stallTo = clock.now + Second;
+    EXPECT_EQ(feed.sendWhole({&watching}, dump(1000), {}), 0);
+    EXPECT_EQ(clock.now - watching.emptyAt, 107'520'000) << "seven of 48 bytes, 320 us a byte";
+}
+
+TEST_F(AlsaCableFeed, aBufferAsSmallAsTheStepBetweenTwoLooksIsEnough)
+{
+    outlet.device.size = 256;
+    EXPECT_EQ(feed.sendWhole(one, dump(2000), {}), 0);
+    EXPECT_EQ(outlet.device.received, dump(2000));
+}

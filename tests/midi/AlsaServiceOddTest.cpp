@@ -1,7 +1,12 @@
 // What seldom happens to the service: no room for a port, devices of equal names, wires that come and go under it.
 #include "midi/AlsaStage.h"
 
+#include "midi/ImpatientCall.h"
 #include "midi/SequencerPorts.h"
+
+#include <csignal>
+#include <poll.h>
+#include <sys/time.h>
 
 TEST_F(AlsaService, withoutAnyPortAnOpeningFailsAndLeavesNoClient)
 {
@@ -246,4 +251,79 @@ TEST_F(ThruWiresAlone, findTheKeyboardAgainThoughAnotherHasTakenItsNumber)
     bay.plug(Keys, 2, "Drum Pads", "Stage Keys MIDI 1");
     thru.resume({Din});
     EXPECT_FALSE(bay.isWired(Keys, Din)) << "no keyboard of that name is there";
+}
+
+TEST_F(ThruWiresAlone, forgetTheirWiresWhenTheyAreTakenDown)
+{
+    const SeqPort keyboard = bay.machine.back();
+    EXPECT_EQ(thru.connect(keyboard, {Din}), 0);
+    thru.disconnect();
+    bay.wires.push_back({Keys, Din, WireMark::None}); // the musician's own
+    EXPECT_EQ(thru.connect(keyboard, {Other}), 0);
+    thru.disconnect();
+    EXPECT_TRUE(bay.isWired(Keys, Din));
+    EXPECT_FALSE(bay.isWired(Keys, Other));
+}
+
+TEST_F(ThruWiresAlone, areNotLaidAnewAtEveryNoteBehindALongMessage)
+{
+    EXPECT_EQ(thru.connect(bay.machine.back(), {Din}), 0);
+    thru.suspend();
+    EXPECT_FALSE(bay.isWired(Keys, Din));
+    thru.resume({Din});
+    bay.device(Din).exclusive = true; // whoever pulled the wire now could not lay it again
+    thru.follow({Din});
+    EXPECT_TRUE(bay.isWired(Keys, Din));
+}
+
+TEST_F(AlsaServiceOnStage, openedAgainTheInterfaceHearsEachMessageOnce)
+{
+    openBoth();
+    EXPECT_EQ(service.midiOutClose(out), 0);
+    EXPECT_EQ(service.midiOutOpen(out, -1), 0);
+    EXPECT_EQ(sendNote(), 0);
+    EXPECT_EQ(heardAt(Din), "\x90\x3C\x40");
+    EXPECT_EQ(service.outputPortName(), "DIN Cable MIDI 1");
+}
+
+TEST_F(AlsaServiceOnStage, aForeignHandleIsForgottenWithTheClose)
+{
+    bay->plug({140, 0}, -1, "Family", "out");
+    EXPECT_EQ(service.midiOutShortMsg(140, 0x403C90), 0);
+    EXPECT_EQ(service.midiOutClose(140), 0);
+    openBoth();
+    EXPECT_EQ(service.midiOutShortMsg(140, 0x403C90), 5);
+    EXPECT_EQ(sendNote(), 0);
+}
+
+TEST(AlsaPortNames, aCardWithoutACableStillComesBeforeAnyProgram)
+{
+    SeqPort program, card;
+    program.address = {130, 0};
+    program.writable = card.writable = card.kernel = true;
+    card.address = {24, 0};
+    card.card = 1;
+    const std::vector<SeqPort> outputs = SequencerPorts::outputs({program, card});
+    ASSERT_EQ(outputs.size(), 1u) << "with a card no program is chosen";
+    EXPECT_EQ(outputs[0].address, (SeqAddress{24, 0}));
+}
+
+TEST(ImpatientCallRule, aCallThatHangsComesBackAfterTwoSecondsAndTheAlarmIsAsBefore)
+{
+    const std::int64_t begun = WireClock::monotonicTime().now();
+    {
+        const ImpatientCall impatient;
+        EXPECT_EQ(poll(nullptr, 0, 20'000), -1);
+        EXPECT_EQ(errno, EINTR);
+    }
+    const double seconds = static_cast<double>(WireClock::monotonicTime().now() - begun) / 1e9;
+    EXPECT_GT(seconds, 1.9);
+    EXPECT_LT(seconds, 10);
+    struct sigaction now {
+    };
+    sigaction(SIGALRM, nullptr, &now);
+    EXPECT_EQ(now.sa_handler, SIG_DFL);
+    itimerval timer{};
+    getitimer(ITIMER_REAL, &timer);
+    EXPECT_EQ(timer.it_value.tv_sec + timer.it_value.tv_usec, 0);
 }

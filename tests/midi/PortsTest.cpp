@@ -459,3 +459,23 @@ TEST_F(MidiOutOpenRule, theOutputsNameIsTheServicesAndNoneWithoutMidi)
     Midi.MidiEnabled = 0;
     EXPECT_EQ(MidiOutputName(), "");
 }
+
+TEST_F(MidiNoteRule, everyChannelHasItsOwnStatus)
+{
+    openPorts();
+    for (int channel = 0; channel < 16; ++channel) {
+        service.forget();
+        MidiNoteOn(channel, 1, 2);
+        MidiNoteOff(channel, 3, 4);
+        MidiAllNotesOff(channel);
+        const std::string digit(1, "0123456789ABCDEF"[channel]);
+        EXPECT_EQ(wire(), (Lines{"9" + digit + " 01 02", "8" + digit + " 03 04", "B" + digit + " 7B 00"}));
+    }
+}
+
+TEST_F(MidiSendRule, theLastWordOfASelectionIsTheProgramChangeAlone)
+{
+    openPorts();
+    EXPECT_EQ(hex(MidiProgramSelect(9, 3, 69)), "B9 00 00 B9 20 03 C9 45");
+    EXPECT_EQ(Midi.MidiShortValue, 0x45C9U);
+}
