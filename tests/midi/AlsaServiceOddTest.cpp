@@ -1,6 +1,7 @@
 // What seldom happens to the service: no room for a port, devices of equal names, wires that come and go under it.
 #include "midi/AlsaStage.h"
 
+#include "midi/AlsaSequencer.h"
 #include "midi/ImpatientCall.h"
 #include "midi/SequencerPorts.h"
 
@@ -326,4 +327,22 @@ TEST(ImpatientCallRule, aCallThatHangsComesBackAfterTwoSecondsAndTheAlarmIsAsBef
     itimerval timer{};
     getitimer(ITIMER_REAL, &timer);
     EXPECT_EQ(timer.it_value.tv_sec + timer.it_value.tv_usec, 0);
+}
+
+TEST(AlsaSequencerClosed, answersThatNothingIsThere)
+{
+    AlsaSequencer closed;
+    EXPECT_FALSE(closed.isOpen());
+    EXPECT_EQ(closed.client(), 0);
+    EXPECT_EQ(closed.output(), SeqAddress{});
+    EXPECT_EQ(closed.makeOutput(), -ENODEV);
+    EXPECT_TRUE(closed.ports().empty());
+    EXPECT_TRUE(closed.wiresFrom(Din).empty());
+    EXPECT_EQ(closed.wire(Keys, Din, WireMark::Ours), -ENODEV);
+    EXPECT_EQ(closed.unwire(Keys, Din), -ENODEV);
+    EXPECT_EQ(closed.sendPiece(Din, "\xF0\xF7"), -ENODEV);
+    EXPECT_EQ(closed.sendShort(Din, "\x90\x3C\x40"), -ENODEV);
+    EXPECT_EQ(closed.account(SeqPort{}), std::nullopt);
+    closed.close();
+    EXPECT_FALSE(closed.isOpen());
 }
