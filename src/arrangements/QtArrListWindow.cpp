@@ -26,6 +26,7 @@ namespace
 {
 
 constexpr int CloseRow = 8;
+constexpr int StyleCharacters = 18; ///< a name and its place, "Name (U11)"
 
 } // namespace
 
@@ -53,6 +54,7 @@ void ArrListWindow::makeStyleBox(QWidget* content)
     Combo1->lineEdit()->setReadOnly(true);
     Combo1->setCompleter(nullptr);
     Combo1->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    Combo1->setMinimumContentsLength(StyleCharacters);
     ignoreWheelWithoutFocus(Combo1);
     connect(Combo1, &QComboBox::activated, this, [this] { showStyleOf(selectedRow()); });
 }

@@ -18,7 +18,7 @@ constexpr int Inch = 1440;
 constexpr qreal WorthGrowing = 1.05;
 constexpr qreal Smallest = 0.96;
 /// A desktop's type from which on the panel is at least as much larger, and scrolled; points.
-constexpr qreal LargeType = 12;
+constexpr qreal LargeType = 15;
 
 qreal leastFactor() { return Smallest * std::max<qreal>(1, QApplication::font().pointSizeF() / LargeType); }
 

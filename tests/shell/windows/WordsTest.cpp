@@ -1,12 +1,11 @@
 // Every word on the screen, in both languages: each stands in a table of words, or is stated here as fixed. And none of
 // them is cut off in a window of its default size.
-#include "DatabaseDesk.h"
+#include "EveryWindow.h"
 #include "FixedTexts.h"
+#include "TextFit.h"
 
 #include "core/NameTables.h"
-#include "core/PathNames.h"
 #include "core/StringTable.h"
-#include "programs/ProgramSends.h"
 #include "shell/frmAvviso1.h"
 #include "shell/frmSplash.h"
 #include "toolkit/QtToolkitWords.h"
@@ -23,14 +22,6 @@
 
 namespace
 {
-
-/// Without mnemonics and the blanks around it.
-QString bare(QString text)
-{
-    text.replace(QLatin1String("&&"), QLatin1String("\1"));
-    text.remove(QRegularExpression(QStringLiteral("&(?=\\S)(?!\\d$)")));
-    return text.replace(QLatin1Char('\1'), QLatin1Char('&')).remove(QChar(0x200B)).remove(QChar(0)).trimmed();
-}
 
 /// What the tables say in a language.
 struct Vocabulary {
@@ -68,67 +59,9 @@ struct Shown {
     QString text;
 };
 
-class EveryWord : public DatabaseDesk, public testing::WithParamInterface<int>
+class EveryWord : public EveryWindow
 {
 protected:
-    EveryWord()
-    {
-        PrgSend = {};
-        NameTablesBuild();
-        InfoFileCheck();
-        speak(GetParam());
-        if (GetParam() == 1)
-            QCoreApplication::installTranslator(&toolkit);
-        App.GlobalValid = true;
-        App.GlobalChannel = 2;
-        App.PathArrA = songs.put("TvlArrA", loadedFile());
-        App.PathArrB = songs.put("TvlArrB", loadedFile());
-        App.PathPrg = songs.put("TvlPrg", programFile());
-        App.PathSty = songs.put("TvlSty", styleFile());
-        App.PathGuideIt = TARVOLYNE_SOURCE_DIR "/data/Tarvolyne_GuidaUtente.txt";
-        App.PathGuideEn = TARVOLYNE_SOURCE_DIR "/data/Tarvolyne_UserGuide.txt";
-        putDatabase({{"song", 3}});
-    }
-    ~EveryWord() override
-    {
-        window.reset();
-        PrgSend = {};
-    }
-
-    void openFile(const std::string& name, const std::string& bytes, int kind, bool readOnly = false)
-    {
-        window->openPath(songs.put(name, bytes), kind, readOnly);
-        settle();
-    }
-    /// A window of every kind, read-only and new files among them, and the editor.
-    void openEverything()
-    {
-        start();
-        window->resize(1600, 1000);
-        for (const int kind : {2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 14, 15, 16, 17, 18, 27, 28}) {
-            window->showWindow(kind, 0);
-            settle();
-        }
-        openFile("song.arr", loadedFile(), FileKind::Arr);
-        openFile("tune.arr", loadedFile(), FileKind::Arr, true);
-        openFile("song.sty", styles(), FileKind::Sty);
-        openFile("song.prg", programFile(), FileKind::Prg);
-        openFile("song.gbl", globalFile(), FileKind::Gbl);
-        for (const int kind : {20, 22, 24})
-            window->mnuNew_Click(kind);
-        ChildWindow* song = arrangementWindow("song");
-        ASSERT_NE(song, nullptr);
-        window->area()->setActiveSubWindow(song);
-        clickRow(song, 0);
-        press(song, "CommEdit");
-        settle();
-        std::set<int> kinds;
-        for (const QMdiSubWindow* one : window->area()->subWindowList())
-            kinds.insert(dynamic_cast<const ChildWindow*>(one)->windowKind());
-        EXPECT_EQ(kinds, (std::set{2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14,
-                                   15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 27, 28}));
-    }
-
     // Collect.
     void add(const QObject* of, const char* property, const QString& text)
     {
@@ -250,19 +183,6 @@ protected:
     }
 
     // Cut off.
-    /// Texts that give way by design: the whole stands in a tool tip, or the window is drawn wider by its user.
-    static bool givesWay(const QWidget* one)
-    {
-        static const std::set<QString> names = {QStringLiteral("Label4")};
-        return names.contains(one->objectName());
-    }
-    static int textWidth(const QWidget* one, const QString& text)
-    {
-        int widest = 0;
-        for (const QString& line : bare(text).split(QLatin1Char('\n')))
-            widest = std::max(widest, one->fontMetrics().horizontalAdvance(line));
-        return widest;
-    }
     /// Where the text stands in the control's frame: a label that is wider than its text stands over an edge unharmed.
     static QRect textPlace(const QWidget* one, QSize needs)
     {
@@ -276,32 +196,6 @@ protected:
     {
         static const std::set<QString> names = {QStringLiteral("frmEditArr"), QStringLiteral("frmStyUN")};
         return names.contains(top->objectName());
-    }
-    /// What the control's text wants; no size for a control without one.
-    static QSize wanted(const QWidget* one)
-    {
-        if (const auto* label = dynamic_cast<const QLabel*>(one)) {
-            if (label->text().isEmpty() || givesWay(one))
-                return {};
-            return label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
-        }
-        if (const auto* combo = dynamic_cast<const QComboBox*>(one)) {
-            constexpr int Arrow = 22; // pixels of its button and frame
-            int widest = 0;
-            for (int row = 0; row < combo->count(); ++row)
-                widest = std::max(widest, one->fontMetrics().horizontalAdvance(combo->itemText(row)));
-            return {widest + Arrow, one->fontMetrics().height()};
-        }
-        if (const auto* box = dynamic_cast<const QCheckBox*>(one))
-            return box->text().isEmpty() ? QSize() : box->sizeHint();
-        if (const auto* option = dynamic_cast<const QRadioButton*>(one))
-            return option->text().isEmpty() ? QSize() : option->sizeHint();
-        if (const auto* button = dynamic_cast<const QPushButton*>(one))
-            return button->text().isEmpty() ? QSize()
-                                            : QSize(textWidth(one, button->text()) + 6, one->fontMetrics().height());
-        if (const auto* group = dynamic_cast<const QGroupBox*>(one))
-            return group->title().isEmpty() ? QSize() : QSize(textWidth(one, group->title()) + 12, 0);
-        return {};
     }
     void measureTabs(const QTabBar* bar)
     {
@@ -319,7 +213,7 @@ protected:
                 continue;
             if (const auto* bar = dynamic_cast<const QTabBar*>(one))
                 measureTabs(bar);
-            const QSize needs = wanted(one);
+            const QSize needs = wantedByText(one);
             if (needs.isEmpty() && needs.height() <= 0 && needs.width() <= 0)
                 continue;
             ++measured;
@@ -369,7 +263,6 @@ protected:
         judge();
     }
 
-    ToolkitWords toolkit;
     std::vector<Shown> found;
     int measured = 0;
 };
