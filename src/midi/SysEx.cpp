@@ -6,6 +6,9 @@
 #include "midi/MIDI.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 
 namespace
 {
@@ -22,6 +25,31 @@ constexpr unsigned LowBits = 0x7F;
 
 unsigned valueOf(char byte) { return static_cast<unsigned char>(byte); }
 
+/// A whole group at once, in one register: its seven bytes in the low seven places, and by one multiplication their top
+/// bits side by side. `to` takes the byte of top bits and the seven.
+void packWholeGroup(const char* from, char* to)
+{
+    constexpr std::uint64_t TopBits = 0x0080808080808080;
+    constexpr std::uint64_t Gather = 0x0102040810204080; // brings bit 8 * i to bit 56 + i
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, from, GroupData);
+    const std::uint64_t topBits = ((bytes & TopBits) >> 7) * Gather >> 56;
+    bytes = (bytes & ~TopBits) << 8 | topBits;
+    std::memcpy(to, &bytes, sizeof bytes);
+}
+
+/// A group byte by byte: the last one may be shorter.
+void packGroup(std::string_view from, char* to)
+{
+    unsigned topBits = 0;
+    for (std::size_t bit = 0; bit < from.size(); ++bit) {
+        const unsigned byte = valueOf(from[bit]);
+        topBits |= byte / TopBit << bit;
+        to[1 + bit] = static_cast<char>(byte & LowBits);
+    }
+    *to = static_cast<char>(topBits);
+}
+
 } // namespace
 
 ByteBuffer SysExHeader()
@@ -31,21 +59,15 @@ ByteBuffer SysExHeader()
 
 ByteBuffer packedSevenBit(std::string_view source)
 {
-    ByteBuffer packed;
-    packed.reserve(source.size() + source.size() / GroupData + 1);
-    for (std::size_t first = 0; first < source.size(); first += GroupData) {
-        const std::size_t count = std::min(GroupData, source.size() - first);
-        const std::size_t topBitsPlace = packed.size();
-        unsigned topBits = 0;
-        packed.push_back('\0');
-        for (std::size_t bit = 0; bit < count; ++bit) {
-            const unsigned byte = valueOf(source[first + bit]);
-            if ((byte & TopBit) != 0)
-                topBits |= 1U << bit;
-            packed.push_back(static_cast<char>(byte & LowBits));
-        }
-        packed[topBitsPlace] = static_cast<char>(topBits);
-    }
+    const std::size_t groups = (source.size() + GroupData - 1) / GroupData;
+    ByteBuffer packed(source.size() + groups, '\0');
+    // A machine that stores the high byte first packs every group byte by byte.
+    const std::size_t whole = std::endian::native == std::endian::little ? source.size() / GroupData : 0;
+    std::size_t group = 0;
+    for (; group < whole; ++group)
+        packWholeGroup(source.data() + group * GroupData, packed.data() + group * (GroupData + 1));
+    for (; group < groups; ++group)
+        packGroup(source.substr(group * GroupData, GroupData), packed.data() + group * (GroupData + 1));
     return packed;
 }
 
