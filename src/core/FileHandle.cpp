@@ -35,6 +35,16 @@ int openFile(const std::string& path, int flags, unsigned mode)
         [&] { return open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, static_cast<mode_t>(mode)); });
 }
 
+OpenFolder openFolder(const std::string& path)
+{
+    OpenFolder folder(nullptr, closedir);
+    do {
+        errno = 0;
+        folder.reset(opendir(path.c_str()));
+    } while (!folder && errno == EINTR);
+    return folder;
+}
+
 namespace
 {
 
@@ -57,7 +67,7 @@ int openRegularFile(const std::string& path, int flags, FileHandle& file)
     const int descriptor = openFile(path, flags);
     if (descriptor < 0) {
         const int error = errno;
-        return error == ENOENT && folderExists(path) ? FileError::None : fileErrorOf(error);
+        return error == ENOENT ? absenceOf(path) : fileErrorOf(error);
     }
     file.take(descriptor);
     struct stat status {
@@ -82,6 +92,19 @@ int writeAll(int descriptor, std::string_view bytes)
     return 0;
 }
 
+int flush(const FileHandle& file)
+{
+    return uninterrupted([&] { return fsync(file.descriptor()); }) == 0 ? 0 : errno;
+}
+
+int flushFolder(const std::string& path)
+{
+    FileHandle folder;
+    folder.take(openFile(openableFolderOf(path), O_RDONLY | O_DIRECTORY));
+    const int error = folder.isOpen() ? flush(folder) : 0;
+    return error == EINVAL || error == ENOTSUP ? 0 : error;
+}
+
 std::string folderPrefixOf(const std::string& path)
 {
     const std::size_t slash = path.rfind('/');
@@ -94,9 +117,11 @@ std::string openableFolderOf(const std::string& path)
     return prefix.empty() ? "." : prefix;
 }
 
-bool folderExists(const std::string& path)
+int absenceOf(const std::string& path)
 {
     struct stat status {
     };
-    return stat(openableFolderOf(path).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    if (stat(openableFolderOf(path).c_str(), &status) != 0)
+        return fileErrorOf(errno);
+    return S_ISDIR(status.st_mode) ? FileError::None : FileError::PathNotFound;
 }

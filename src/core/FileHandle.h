@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cerrno>
+#include <dirent.h>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -29,6 +31,11 @@ private:
 /// -1 with errno set when it fails.
 int openFile(const std::string& path, int flags, unsigned mode = 0);
 
+using OpenFolder = std::unique_ptr<DIR, int (*)(DIR*)>;
+
+/// opendir(3). Null with errno set when it fails.
+OpenFolder openFolder(const std::string& path);
+
 /// Opens a regular file. 0 with an open handle; 0 with none when the file is absent; or a FileError.
 [[nodiscard]] int openRegularFile(const std::string& path, int flags, FileHandle& file);
 
@@ -49,10 +56,18 @@ bool canNameAFile(std::string_view path);
 /// Writes all bytes. 0, or errno.
 [[nodiscard]] int writeAll(int descriptor, std::string_view bytes);
 
+/// fsync(2). 0, or errno.
+[[nodiscard]] int flush(const FileHandle& file);
+
+/// Brings the names in the folder of a path to the disk. 0, or errno. Where folders cannot be opened or flushed there
+/// is nothing to wait for.
+[[nodiscard]] int flushFolder(const std::string& path);
+
 /// The path up to and with its last "/"; empty for a bare name.
 std::string folderPrefixOf(const std::string& path);
 
 /// The folder of a path in a form that can be opened: "/" and "." where the path gives no other.
 std::string openableFolderOf(const std::string& path);
 
-bool folderExists(const std::string& path);
+/// What it means that there is no file of that name: 0 where its folder is there, else the FileError of the folder.
+[[nodiscard]] int absenceOf(const std::string& path);

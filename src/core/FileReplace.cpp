@@ -62,27 +62,12 @@ int createNumbered(const NumberedName& name, mode_t permissions, FileHandle& fil
     return error;
 }
 
-/// fsync(2). 0, or errno.
-int flush(const FileHandle& file)
-{
-    return uninterrupted([&] { return fsync(file.descriptor()); }) == 0 ? 0 : errno;
-}
-
 /// Brings what was written to the disk and closes the file. 0, or errno.
 int flushAndClose(FileHandle& file)
 {
     if (const int error = flush(file); error != 0)
         return error;
     return file.close();
-}
-
-/// Brings the folder's entries to the disk. Where folders cannot be opened or flushed there is nothing to wait for.
-int flushFolder(const std::string& path)
-{
-    FileHandle folder;
-    folder.take(openFile(openableFolderOf(path), O_RDONLY | O_DIRECTORY));
-    const int error = folder.isOpen() ? flush(folder) : 0;
-    return error == EINVAL || error == ENOTSUP ? 0 : error;
 }
 
 /// The kernel's own rule for folders where everyone may write and only owners remove, which links that are followed by
@@ -152,7 +137,7 @@ int findTarget(const std::string& path, FileHolder holder, Target& target)
     };
     if (stat(target.path.c_str(), &status) != 0) {
         const int error = errno;
-        return error == ENOENT && folderExists(target.path) ? FileError::None : fileErrorOf(error);
+        return error == ENOENT ? absenceOf(target.path) : fileErrorOf(error);
     }
     if (!S_ISREG(status.st_mode))
         return FileError::AccessDenied;

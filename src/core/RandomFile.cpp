@@ -6,9 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -77,7 +75,7 @@ int deleteFile(const std::string& path)
     if (unlink(onDisk.c_str()) == 0)
         return FileError::None;
     const int error = errno;
-    return error == ENOENT && folderExists(onDisk) ? FileError::None : fileErrorOf(error);
+    return error == ENOENT ? absenceOf(onDisk) : fileErrorOf(error);
 }
 
 std::string resolveFileName(const std::string& path)
@@ -86,7 +84,7 @@ std::string resolveFileName(const std::string& path)
     };
     if (path.empty() || lstat(path.c_str(), &status) == 0)
         return path;
-    const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(openableFolderOf(path).c_str()), closedir);
+    const OpenFolder folder = openFolder(openableFolderOf(path));
     if (!folder)
         return path;
     const std::string prefix = folderPrefixOf(path);

@@ -8,9 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,7 +27,7 @@ int FolderFiles::read(const std::string& folder)
     prefix_ = folder + "/";
     if (!canNameAFile(prefix_))
         return FileError::PathNotFound;
-    const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(folder.empty() ? "/" : folder.c_str()), closedir);
+    const OpenFolder open = openFolder(folder.empty() ? "/" : folder);
     if (!open)
         return fileErrorOf(errno);
     entries_.clear();

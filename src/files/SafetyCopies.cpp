@@ -52,9 +52,8 @@ bool copyBytes(const std::string& from, const std::string& to, std::int64_t size
     const std::string unfinished = to + CopyStore::UnfinishedMark;
     FileHandle file;
     file.take(openFile(unfinished, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, OwnerOnly));
-    const bool whole = file.isOpen() && writeAll(file.descriptor(), content.bytes) == 0 &&
-                       fsync(file.descriptor()) == 0 && file.close() == 0 &&
-                       rename(unfinished.c_str(), to.c_str()) == 0;
+    const bool whole = file.isOpen() && writeAll(file.descriptor(), content.bytes) == 0 && flush(file) == 0 &&
+                       file.close() == 0 && rename(unfinished.c_str(), to.c_str()) == 0;
     if (!whole)
         unlink(unfinished.c_str());
     return whole;
@@ -181,7 +180,9 @@ int deleteKeeping(const std::string& path)
     if (isReadOnly(path))
         return FileError::AccessDenied;
     const Kept kept = keep(path);
-    const int error = deleteFile(path);
+    int error = deleteFile(path);
+    if (error == 0) // gone is said only when the disk knows it
+        error = fileErrorOf(flushFolder(path));
     settle(kept, true); // of a link the link went, and what it points to stands
     return error;
 }
