@@ -295,7 +295,7 @@ TEST(ReplaceFile, answersDiskFullOnAFullDiskAndSavesOnceThereIsRoom)
         return replaceFile(path, New);
     });
     if (result == NoNamespace)
-        GTEST_SKIP() << "no user namespaces here";
+        SKIP_WITHOUT_A_DISK;
     EXPECT_EQ(result, 0);
 }
 

@@ -1,12 +1,9 @@
 // Every file call of every save fails once, fails for good, and is the last one of a process that dies. Whatever
 // happens, the file holds its old bytes or its new ones, and nobody is told of a save that did not happen.
 #include "core/RandomFile.h"
-#include "core/Settings.h"
-#include "core/StateFiles.h"
 
 #include "support/CoreRun.h"
 #include "support/FailingCalls.h"
-#include "support/SettingsImage.h"
 
 #include <gtest/gtest.h>
 #include <optional>
@@ -201,58 +198,4 @@ TEST_F(SaveFailures, leaveASafetyCopyOfAFileThatWasWrittenInPlace)
            [&] { return replaceFile(path, shorter); }, Old, shorter, run.folder.path()},
           16);
     chmod(shared.path().c_str(), 0755);
-}
-
-TEST_F(SaveFailures, leaveTheSettingsOldOrNew)
-{
-    const std::string path = SettingsFile::path();
-    const std::string before = SettingsImage::fresh(1);
-    std::string after = before;
-    after[27] = 1;
-    after.replace(250, 238, std::string(238, ' ')).replace(500, 238, std::string(238, ' '));
-    Settings& settings = App;
-    ASSERT_TRUE(SettingsFile::decode(before, settings));
-    App.AutoArr = true;
-    sweep({run.folder.path(), path,
-           [&] {
-               clear(run.folder.path());
-               put(path, before);
-           },
-           [] { return SettingsSave(); }, before, after},
-          12);
-}
-
-TEST_F(SaveFailures, leaveTheDeviceRecordOldOrNew)
-{
-    const std::string path = deviceRecordPath();
-    DeviceRecordInit();
-    const std::string before = Device.bytes;
-    std::string after = before;
-    after[14] = after[18] = 1;
-    Device.setUserCount(1);
-    Device.setThisProgramIn(1);
-    sweep({run.folder.path(), path,
-           [&] {
-               clear(run.folder.path());
-               put(path, before);
-           },
-           [] { return DeviceRecordWrite(); }, before, after},
-          9);
-}
-
-TEST_F(SaveFailures, leaveTheInformationFileOldOrNew)
-{
-    const std::string path = infoFilePath();
-    const std::string before = "TvlCMInfo" + std::string(991, ' ');
-    std::string after = before;
-    after.replace(50, 4, "song");
-    std::string block(300, ' ');
-    block.replace(20, 7, "/a/song");
-    sweep({run.folder.path(), path,
-           [&] {
-               clear(run.folder.path());
-               put(path, before);
-           },
-           [&] { return InfoArrSet(block); }, before, after},
-          12);
 }

@@ -33,20 +33,20 @@ struct StyleBlock {
     int length;
 };
 
-inline std::string styleFile(const std::vector<StyleBlock>& slots)
+inline std::string styleFile(const std::vector<StyleBlock>& blocks)
 {
     std::string file = handMade(styHead(), 224);
     for (std::size_t i = 0; i < 16; ++i)
         file[24 + 4 * i] = file[25 + 4 * i] = '\0';
-    for (std::size_t i = 0; i < slots.size(); ++i) {
-        file[24 + 4 * i] = static_cast<char>(slots[i].length % 256);
-        file[25 + 4 * i] = static_cast<char>(slots[i].length / 256);
-        std::string name = slots[i].name;
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        file[24 + 4 * i] = static_cast<char>(blocks[i].length % 256);
+        file[25 + 4 * i] = static_cast<char>(blocks[i].length / 256);
+        std::string name = blocks[i].name;
         name.resize(16, ' ');
         std::string block = name;
-        for (int k = 16; k < slots[i].length; ++k)
+        for (int k = 16; k < blocks[i].length; ++k)
             block += static_cast<char>((k * 11 + static_cast<int>(i) * 53) % 256);
-        block.resize(static_cast<std::size_t>(slots[i].length));
+        block.resize(static_cast<std::size_t>(blocks[i].length));
         file += block;
     }
     return file;

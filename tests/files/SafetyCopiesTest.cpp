@@ -24,6 +24,8 @@ void makeLarge(const std::string& path, std::uintmax_t size)
     std::filesystem::resize_file(path, size);
 }
 
+constexpr int NoDisk = 9;
+
 } // namespace
 
 class SafetyCopiesTest : public SavingTest
@@ -97,14 +99,16 @@ TEST_F(SafetyCopiesTest, onAnotherDiskTheBytesAreCopied)
     openToAll(state.path());
     folder.put("song.arr", "first");
     chmod(folder.file("song.arr").c_str(), 0666);
-    EXPECT_EQ(asOrdinaryUser([&] {
-                  if (!mountSmallDisk(state.path(), "size=64k"))
-                      return 9;
-                  if (replaceKeeping(folder.file("song.arr"), "second") != 0)
-                      return 1;
-                  return copiesOf("song.arr") == Names{"first"} && folder.get("song.arr") == "second" ? 0 : 2;
-              }),
-              0);
+    const int result = asOrdinaryUser([&] {
+        if (!mountSmallDisk(state.path(), "size=64k"))
+            return NoDisk;
+        if (replaceKeeping(folder.file("song.arr"), "second") != 0)
+            return 1;
+        return copiesOf("song.arr") == Names{"first"} && folder.get("song.arr") == "second" ? 0 : 2;
+    });
+    if (result == NoDisk)
+        SKIP_WITHOUT_A_DISK;
+    EXPECT_EQ(result, 0);
 }
 
 TEST_F(SafetyCopiesTest, aFileWrittenInPlaceIsCopiedByItsBytes)
@@ -248,14 +252,16 @@ TEST_F(SafetyCopiesTest, aFullStateDiskLeavesNoHalfCopy)
     openToAll(state.path());
     folder.put("song.arr", std::string(100000, 'a'));
     chmod(folder.file("song.arr").c_str(), 0666);
-    EXPECT_EQ(asOrdinaryUser([&] {
-                  if (!mountSmallDisk(state.path(), "size=64k"))
-                      return 9;
-                  if (replaceKeeping(folder.file("song.arr"), "second") != 0)
-                      return 1;
-                  return nothingKept() && folder.get("song.arr") == "second" ? 0 : 2;
-              }),
-              0);
+    const int result = asOrdinaryUser([&] {
+        if (!mountSmallDisk(state.path(), "size=64k"))
+            return NoDisk;
+        if (replaceKeeping(folder.file("song.arr"), "second") != 0)
+            return 1;
+        return nothingKept() && folder.get("song.arr") == "second" ? 0 : 2;
+    });
+    if (result == NoDisk)
+        SKIP_WITHOUT_A_DISK;
+    EXPECT_EQ(result, 0);
 }
 
 TEST_F(SafetyCopiesTest, atMostTwentyOfOneFileAreKeptTheOldestGoFirst)

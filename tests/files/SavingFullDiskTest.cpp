@@ -195,11 +195,8 @@ TEST_F(FullDisk, aSmallDiskOfTheSystemsOwnShowsTheSame)
                 return now == OldFile ? 1 : 7;
             });
             if (result == NoSuchDisk) {
-                // Where a user may mount nothing, the counted disk of the tests above stands for it; nothing was done.
                 ASSERT_EQ(freePages, 0);
-                ASSERT_EQ(files(), Names{});
-                RecordProperty("smallDisk", "not allowed here");
-                return;
+                SKIP_WITHOUT_A_DISK;
             }
             const bool fits = static_cast<std::size_t>(freePages) * 4096 >= way.content.size();
             EXPECT_EQ(result, fits ? 0 : 1) << freePages << " pages free";

@@ -1,6 +1,7 @@
 // Work in another process, without root's rights: permission bits do not bind root, and locks bind processes.
 #pragma once
 
+#include <cstdlib>
 #include <fstream>
 #include <functional>
 #include <sched.h>
@@ -39,6 +40,14 @@ inline bool mountSmallDisk(const std::string& path, const char* size)
            tell("/proc/self/setgroups", "deny") && tell("/proc/self/uid_map", user) &&
            tell("/proc/self/gid_map", group) && mount("disk", path.c_str(), "tmpfs", 0, size) == 0;
 }
+
+/// For a test in whose place no disk may be mounted: it has proved nothing, which a build server must not pass over.
+#define SKIP_WITHOUT_A_DISK                                                                                            \
+    do {                                                                                                               \
+        if (getenv("CI") != nullptr)                                                                                   \
+            FAIL() << "no disk may be mounted here";                                                                   \
+        GTEST_SKIP() << "no disk may be mounted here";                                                                 \
+    } while (false)
 
 /// Lets every user work in a folder.
 inline void openToAll(const std::string& path) { chmod(path.c_str(), 0777); }
