@@ -65,6 +65,11 @@ int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(identity.windowClass));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(identity.entry));
+    return runInApplication(service, makeCompanion);
+}
+
+int runInApplication(MidiService& service, const CompanionMaker& makeCompanion)
+{
     QApplication::setWindowIcon(programIcon());
     if (const QPalette readable = Looks::readable(QApplication::palette()); readable != QApplication::palette())
         QApplication::setPalette(readable);

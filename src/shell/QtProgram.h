@@ -19,3 +19,6 @@ struct DesktopIdentity {
 /// Runs the program to its end. `makeCompanion` is called once the main window stands; it may be empty.
 int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker& makeCompanion,
                const DesktopIdentity& identity = {});
+
+/// The same where the application object stands already; it may be called again when it has returned.
+int runInApplication(MidiService& service, const CompanionMaker& makeCompanion);

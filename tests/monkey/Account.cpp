@@ -1,0 +1,71 @@
+#include "monkey/Account.h"
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <unistd.h>
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#include <sanitizer/common_interface_defs.h>
+#define WATCHED_BY_SANITIZER 1
+#endif
+#endif
+
+namespace
+{
+
+char command[200];
+volatile long long current = 0;
+unsigned patience = 60; // seconds
+
+/// Without any allocation: the heap may be what broke.
+void lastWords()
+{
+    char text[300];
+    const int length = std::snprintf(text, sizeof text, "\nFAILED at event %lld; to see it again: %s\n",
+                                     static_cast<long long>(current), command);
+    if (length > 0 && write(STDERR_FILENO, text, static_cast<std::size_t>(length)) < 0)
+        return;
+}
+
+void died(int number)
+{
+    lastWords();
+    if (number == SIGALRM) {
+        const char hung[] = "no event came to its end in time\n";
+        static_cast<void>(!write(STDERR_FILENO, hung, sizeof hung - 1));
+    }
+    signal(number, SIG_DFL);
+    raise(number == SIGALRM ? SIGABRT : number);
+}
+
+} // namespace
+
+void Account::begin(const std::string& how, unsigned hangSeconds)
+{
+    patience = hangSeconds;
+    std::snprintf(command, sizeof command, "%s", how.c_str());
+#ifdef WATCHED_BY_SANITIZER
+    __sanitizer_set_death_callback(lastWords);
+    signal(SIGALRM, died);
+#else
+    for (const int number : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS, SIGILL, SIGALRM})
+        signal(number, died);
+#endif
+}
+
+void Account::at(long long event)
+{
+    current = event;
+    if (event % 64 == 0)
+        alarm(patience);
+}
+
+void Account::fail(const std::string& text)
+{
+    std::fprintf(stderr, "%s\n", text.c_str());
+    lastWords();
+    std::_Exit(1);
+}
