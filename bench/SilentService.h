@@ -5,7 +5,7 @@
 
 #include <chrono>
 
-class SilentService final : public MidiService
+class SilentService : public MidiService
 {
 public:
     int shortMessages = 0;

@@ -1,8 +1,8 @@
 // From the press of a mouse button on a row to the last byte handed to the MIDI service: the whole click inside the
-// whole program, with the automatic loads checked and nothing left to load. Prints median, 99th of a hundred and worst,
-// and fails when the median is a millisecond or more.
+// whole program, with the automatic loads checked and nothing left to load. Prints median, 99th of a hundred and worst;
+// with "judge" it fails when the median is more than the target. It always fails where a click selects nothing.
 //
-//   bench_click_to_wire [CLICKS]
+//   bench_click_to_wire [CLICKS [judge]]
 #include "bench/WholeProgram.h"
 #include "core/Dichiarazioni.h"
 #include "core/Shell.h"
@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 namespace
@@ -22,7 +23,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int ArrKind = 1;
 constexpr int MessagesOfASelection = 3;
-constexpr double TargetMicroseconds = 1000;
+constexpr double TargetMicroseconds = 150;
 // Two rows of the sample song that play user styles.
 constexpr int FirstRow = 2;
 constexpr int SecondRow = 3;
@@ -71,7 +72,7 @@ double timeOfClick(const SilentService& service, int row)
     return time.count();
 }
 
-int measure(const SilentService& service, int clicks)
+int measure(const SilentService& service, int clicks, bool judge)
 {
     App.shell->openPath(samples() + "/song.arr", ArrKind, false);
     QApplication::processEvents();
@@ -93,9 +94,10 @@ int measure(const SilentService& service, int clicks)
     }
     std::sort(times.begin(), times.end());
     const double median = times[times.size() / 2];
-    std::printf("click to wire: median %.0f us, 99 %% %.0f us, worst %.0f us of %d clicks (target: median < %.0f us)\n",
-                median, times[times.size() * 99 / 100], times.back(), clicks, TargetMicroseconds);
-    return median < TargetMicroseconds ? 0 : 1;
+    std::printf(
+        "click to wire: median %.0f us, 99 %% %.0f us, worst %.0f us of %d clicks (target: median at most %.0f us)\n",
+        median, times[times.size() * 99 / 100], times.back(), clicks, TargetMicroseconds);
+    return judge && median > TargetMicroseconds ? 1 : 0;
 }
 
 } // namespace
@@ -103,6 +105,7 @@ int measure(const SilentService& service, int clicks)
 int main(int argc, char** argv)
 {
     const int clicks = argc > 1 ? std::atoi(argv[1]) : 2000;
+    const bool judge = argc > 2 && std::string(argv[2]) == "judge";
     if (clicks < 1)
         return 2;
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -111,5 +114,5 @@ int main(int argc, char** argv)
         return 1;
     beginHome(folder, true);
     SilentService service;
-    return runInside(service, [&] { return measure(service, clicks); });
+    return runInside(service, [&] { return measure(service, clicks, judge); });
 }

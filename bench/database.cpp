@@ -1,6 +1,10 @@
 // Add All and the refresh of a full arrangement database, beside the time that cat needs for the same 997 files, and
 // beside the least that any program must do: list the folder, open, read whole, check and close. All warm, interleaved,
-// medians. Takes the number of rounds; fails where a run takes longer than cat.
+// medians.
+//
+//   bench_database [ROUNDS [judge]]
+//
+// With "judge" it fails where a run takes longer than cat; always where the database does not hold all files.
 #include "core/Dichiarazioni.h"
 #include "database/DBArrTable.h"
 #include "database/DBArrUpdate.h"
@@ -14,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <spawn.h>
+#include <string>
 #include <sys/wait.h>
 #include <vector>
 
@@ -84,6 +89,7 @@ int entriesOnDisk()
 int main(int argc, char** argv)
 {
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 21;
+    const bool judge = argc > 2 && std::string(argv[2]) == "judge";
     const TemporaryFolder songs, state;
     ScriptedUser user;
     App.ui = &user;
@@ -119,5 +125,5 @@ int main(int argc, char** argv)
         std::printf("%-38s %7.2f ms  %5.2f of cat\n", task.name, took, took / ofCat);
         slow = slow || took > ofCat;
     }
-    return slow ? 1 : 0;
+    return judge && slow ? 1 : 0;
 }

@@ -1,8 +1,9 @@
 // The drawn keyboard inside the whole program: from the press of a mouse button on a key to its note handed to the MIDI
-// service, and how long the painting of one key and of all takes. Prints medians and worst, and fails when the median
-// of the press is a millisecond or more, or in a run of ten thousand presses the worst is five.
+// service, and how long the painting of one key and of all takes. Prints medians and worst; with "judge" it fails when
+// the median of the press is a millisecond or more, or in a run of ten thousand presses the worst is five. It always
+// fails where a press sends nothing.
 //
-//   bench_keyboard [PRESSES]
+//   bench_keyboard [PRESSES [judge]]
 #include "bench/WholeProgram.h"
 #include "core/Dichiarazioni.h"
 #include "core/Shell.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 namespace
@@ -86,7 +88,7 @@ Times paint(const std::vector<QWidget*>& keys)
     return timesOf(times);
 }
 
-int measure(const SilentService& service, int presses)
+int measure(const SilentService& service, int presses, bool judge)
 {
     App.shell->showWindow(WindowKind::Keyboard, 0);
     QApplication::processEvents();
@@ -107,7 +109,8 @@ int measure(const SilentService& service, int presses)
     const Times all = paint(keys);
     std::printf("repaint: one key median %.0f us, worst %.0f us; all keys median %.0f us, worst %.0f us\n", one.median,
                 one.worst, all.median, all.worst);
-    return toWire.median < MedianTarget && (presses < FullRun || toWire.worst < WorstTarget) ? 0 : 1;
+    const bool quick = toWire.median < MedianTarget && (presses < FullRun || toWire.worst < WorstTarget);
+    return judge && !quick ? 1 : 0;
 }
 
 } // namespace
@@ -115,6 +118,7 @@ int measure(const SilentService& service, int presses)
 int main(int argc, char** argv)
 {
     const int presses = argc > 1 ? std::atoi(argv[1]) : FullRun;
+    const bool judge = argc > 2 && std::string(argv[2]) == "judge";
     if (presses < 1)
         return 2;
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -123,5 +127,5 @@ int main(int argc, char** argv)
         return 1;
     beginHome(folder);
     SilentService service;
-    return runInside(service, [&] { return measure(service, presses); });
+    return runInside(service, [&] { return measure(service, presses, judge); });
 }

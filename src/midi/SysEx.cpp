@@ -26,13 +26,13 @@ constexpr unsigned LowBits = 0x7F;
 unsigned valueOf(char byte) { return static_cast<unsigned char>(byte); }
 
 /// A whole group at once, in one register: its seven bytes in the low seven places, and by one multiplication their top
-/// bits side by side. `to` takes the byte of top bits and the seven.
+/// bits side by side. `from` has eight readable bytes; `to` takes the byte of top bits and the seven.
 void packWholeGroup(const char* from, char* to)
 {
     constexpr std::uint64_t TopBits = 0x0080808080808080;
     constexpr std::uint64_t Gather = 0x0102040810204080; // brings bit 8 * i to bit 56 + i
     std::uint64_t bytes = 0;
-    std::memcpy(&bytes, from, GroupData);
+    std::memcpy(&bytes, from, sizeof bytes); // the eighth falls out below
     const std::uint64_t topBits = ((bytes & TopBits) >> 7) * Gather >> 56;
     bytes = (bytes & ~TopBits) << 8 | topBits;
     std::memcpy(to, &bytes, sizeof bytes);
@@ -61,8 +61,9 @@ ByteBuffer packedSevenBit(std::string_view source)
 {
     const std::size_t groups = (source.size() + GroupData - 1) / GroupData;
     ByteBuffer packed(source.size() + groups, '\0');
-    // A machine that stores the high byte first packs every group byte by byte.
-    const std::size_t whole = std::endian::native == std::endian::little ? source.size() / GroupData : 0;
+    // Groups with a byte behind them; none where a machine stores the high byte first.
+    constexpr bool LowByteFirst = std::endian::native == std::endian::little;
+    const std::size_t whole = LowByteFirst && !source.empty() ? (source.size() - 1) / GroupData : 0;
     std::size_t group = 0;
     for (; group < whole; ++group)
         packWholeGroup(source.data() + group * GroupData, packed.data() + group * (GroupData + 1));

@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QPixmapCache>
 #include <QScreen>
 #include <QTreeView>
 #include <algorithm>
@@ -88,6 +89,9 @@ void applyDialogWords(QFileDialog& dialog, int acceptRow)
     dialog.setLabelText(QFileDialog::Accept, words(acceptRow));
     dialog.setLabelText(QFileDialog::Reject, words(Words::Cancel));
     makeRoomForColumns(dialog);
+    // Each dialog has icons of its own, and the toolkit keeps their pictures when it has gone: nobody asks for them
+    // again.
+    QObject::connect(&dialog, &QObject::destroyed, [] { QPixmapCache::clear(); });
 }
 
 OpenDialogAnswer runOpenDialog(const OpenDialogRequest& request, QWidget* parent)

@@ -42,7 +42,7 @@ bool isManaged(const std::string& name)
 
 } // namespace
 
-VirtualScreen::VirtualScreen(int width, int height, const std::string& home)
+VirtualScreen::VirtualScreen(int width, int height, const std::string& home, bool managed)
 {
     int ends[2];
     if (pipe(ends) != 0)
@@ -59,6 +59,8 @@ VirtualScreen::VirtualScreen(int width, int height, const std::string& home)
     if (number.empty())
         throw StepFailed("Xvfb did not start; is the package xvfb there?");
     name_ = ":" + number;
+    if (!managed)
+        return;
 
     Process::Setup manager;
     manager.command = {"openbox", "--sm-disable"};

@@ -8,8 +8,9 @@
 class VirtualScreen
 {
 public:
-    /// Starts both and waits until windows are managed. `home` is where the window manager may write.
-    VirtualScreen(int width, int height, const std::string& home);
+    /// Starts both and waits until windows are managed. `home` is where the window manager may write. Without one a
+    /// press reaches its window without a detour.
+    VirtualScreen(int width, int height, const std::string& home, bool managed = true);
     ~VirtualScreen();
 
     /// The display's name, ":7".
