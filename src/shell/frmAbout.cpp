@@ -7,10 +7,12 @@
 #include "shell/AboutTexts.h"
 #include "shell/QtProgramIcon.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <map>
 
 namespace
 {
@@ -18,6 +20,31 @@ namespace
 constexpr int TitleRow = 30;
 constexpr TwipsSize DefaultSize{6300, 4500};
 constexpr int IconSide = 64; ///< pixels
+
+/// A label in lines as wide as it is. Layouts ask for the height of the same widths over and over, and each answer
+/// breaks the text anew: it is kept.
+class WrappedLabel final : public QLabel
+{
+public:
+    using QLabel::QLabel;
+
+    int heightForWidth(int width) const override
+    {
+        const auto known = heights_.find(width);
+        return known != heights_.end() ? known->second
+                                       : heights_.emplace(width, QLabel::heightForWidth(width)).first->second;
+    }
+
+protected:
+    void changeEvent(QEvent* event) override
+    {
+        heights_.clear(); // another font, style or language
+        QLabel::changeEvent(event);
+    }
+
+private:
+    mutable std::map<int, int> heights_; ///< by width; pixels
+};
 
 } // namespace
 
@@ -64,7 +91,7 @@ frmAbout::frmAbout() : ChildWindow("frmAbout", &AppState::OtherCount)
 
 QLabel* frmAbout::addLabel(const char* name, const std::string& text)
 {
-    auto* label = new QLabel(QString::fromUtf8(text.c_str()), this);
+    auto* label = new WrappedLabel(QString::fromUtf8(text.c_str()), this);
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
