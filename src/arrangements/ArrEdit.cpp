@@ -60,6 +60,15 @@ void tellRowOwner(const WindowBuffer& window, int row)
 
 } // namespace
 
+void stepEditedRow(int rows)
+{
+    const auto source = std::find_if(Arr.rowOwners.begin(), Arr.rowOwners.end(), [](const ArrRowOwner* owner) {
+        return editHoldsImage(owner->arrImage().bytes());
+    });
+    if (source != Arr.rowOwners.end())
+        (*source)->stepRow(rows);
+}
+
 std::string arrFileTitle(const WindowBuffer& window) { return window.stem() + ".arr"; }
 
 void ArrEditLoad(std::string_view image, int& index)

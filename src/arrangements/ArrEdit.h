@@ -35,6 +35,8 @@ public:
     /// A find by ID has come to this window: it selects row Arr.FindIdRow alone and begins to send it. A row above 63
     /// selects nothing.
     virtual void startSearchById() {}
+    /// Chooses another row, `rows` below or above the chosen one, as a press on it would.
+    virtual void stepRow(int rows) { static_cast<void>(rows); }
     /// Another find begins: what this window still had to do for the one before is dropped.
     virtual void dropSearch() {}
 };
@@ -89,6 +91,9 @@ bool editHoldsRow(std::string_view image, int row);
 
 /// True when the open editor holds an arrangement of this image.
 bool editHoldsImage(std::string_view image);
+
+/// Chooses the next or previous row in the window that the edited arrangement came from; nothing when that is gone.
+void stepEditedRow(int rows);
 
 /// A file's name with its extension, as the titles of its messages show it.
 std::string arrFileTitle(const WindowBuffer& window);

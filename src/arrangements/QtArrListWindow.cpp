@@ -186,6 +186,8 @@ void ArrListWindow::arrRowRenamed(int row)
         fromInstrument(before.size() < CodeAndMark ? arrRowText(image(), row) : before.substr(0, CodeAndMark) + name));
 }
 
+void ArrListWindow::stepRow(int rows) { List1->step(rows); }
+
 QString ArrListWindow::fromInstrument(const std::string& text)
 {
     return QString::fromLatin1(text.data(), static_cast<int>(text.size()));

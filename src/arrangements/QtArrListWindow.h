@@ -55,6 +55,7 @@ protected:
 
     const WindowBuffer& arrImage() const override { return Tag; }
     void arrRowRenamed(int row) override;
+    void stepRow(int rows) override;
 
     /// Names of the instrument are Latin-1.
     static QString fromInstrument(const std::string& text);

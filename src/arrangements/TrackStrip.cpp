@@ -5,6 +5,7 @@
 #include "core/Strings.h"
 #include "core/Words.h"
 #include "toolkit/QtPanelParts.h"
+#include "toolkit/QtSpoken.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -111,6 +112,7 @@ QSlider* TrackStrip::buildFader(ArrTrack which, const char* shortCaption, int la
     QSlider* fader = makeFader(this, Qt::Vertical, field.low, field.high, largeStep);
     fader->setAccessibleName(nameOf(field.caption));
     text = makeValueText(this, "CNT");
+    speakFader(fader, text);
     QLabel* caption = makeCaption(this, shortCaption, fader);
     caption->setAlignment(Qt::AlignCenter);
     grid->addWidget(caption, 0, column);

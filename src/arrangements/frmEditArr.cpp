@@ -5,7 +5,9 @@
 #include "core/Strings.h"
 #include "core/Words.h"
 #include "toolkit/Choices.h"
+#include "toolkit/QtKeyActions.h"
 #include "toolkit/QtPanelParts.h"
+#include "toolkit/QtSpoken.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -236,6 +238,7 @@ void frmEditArr::buildTempo(QWidget* frame, QGridLayout* grid)
     grid->addWidget(makeCaption(frame, field.caption, tempo), 0, 0, Qt::AlignHCenter);
     grid->addWidget(tempo, 1, 0, Qt::AlignHCenter);
     grid->addWidget(Label1.put(TempoLabel, makeValueText(frame, "2400")), 2, 0, Qt::AlignHCenter);
+    speakFader(tempo, Label1[TempoLabel]);
 }
 
 QComboBox* frmEditArr::buildCombo1(int index, QWidget* parent, ChoiceRows& rows)
@@ -273,6 +276,8 @@ void frmEditArr::buildSplitAndDrumMap(QWidget* frame, ChoiceRows& rows, QBoxLayo
     HScroll1[1]->setAccessibleName(fromPanel(map.caption));
     Label1.put(SplitLabel, makeValueBeside(frame, "C4#"));
     Label1.put(DrumMapLabel, makeValueBeside(frame, "C4#"));
+    speakFader(HScroll1[0], Label1[SplitLabel]);
+    speakFader(HScroll1[1], Label1[DrumMapLabel]);
 
     auto* splitRow = new QHBoxLayout;
     splitRow->setSpacing(Gap);
@@ -325,6 +330,7 @@ QGroupBox* frmEditArr::buildEffects(QWidget* page, ChoiceRows& rows)
         EffComm.put(index, new QPushButton(QStringLiteral("On"), frame));
         EffCombo[index]->setAccessibleName(QLatin1String(EffectNames[index]));
         EffComm[index]->setAccessibleName(QLatin1String(EffectNames[index]) + QStringLiteral(" On/Off"));
+        EffComm[index]->setAccessibleDescription(EffComm[index]->text());
         EffComm[index]->setFixedWidth(EffComm[index]->fontMetrics().horizontalAdvance(QStringLiteral(" Off ")));
         EffLab1[index]->setBuddy(EffCombo[index]);
         EffCombo[index]->setMinimumWidth(
@@ -358,6 +364,7 @@ void frmEditArr::wireHandlers()
     wireLists();
     wireSwitches();
     wirePages();
+    wireKeys();
 }
 
 void frmEditArr::wireFields()
@@ -395,4 +402,23 @@ void frmEditArr::wirePages()
     onMousePress(SSTab1->tabBar(), [this] { EditFieldClear(); });
     onMousePress(SSTab1, [this] { EditFieldClear(); });
     turnPagesByKeys(this, SSTab1);
+}
+
+/// Ctrl and Alt with the figures 1 to 9 are mute and solo of the tracks, whichever page is open; with Down and Up the
+/// rows of the window that the arrangement came from are walked.
+void frmEditArr::wireKeys()
+{
+    for (int track = 0; track < ArrLayout::TrackCount; ++track) {
+        const int figure = Qt::Key_1 + track;
+        const auto give = [&](QPushButton* button, const char* name, int key, void (frmEditArr::*handler)(int)) {
+            const QKeySequence keys(key);
+            addKeyAction(this, memberName(name, track).toLatin1().constData(), keys,
+                         [this, handler, track] { (this->*handler)(track); });
+            button->setToolTip(keys.toString(QKeySequence::NativeText));
+        };
+        give(CommM[track], "actMute", Qt::CTRL | figure, &frmEditArr::CommM_Click);
+        give(CommS[track], "actSolo", Qt::ALT | figure, &frmEditArr::CommS_Click);
+    }
+    addKeyAction(this, "actNextRow", Qt::CTRL | Qt::Key_Down, [] { stepEditedRow(1); });
+    addKeyAction(this, "actPreviousRow", Qt::CTRL | Qt::Key_Up, [] { stepEditedRow(-1); });
 }

@@ -76,6 +76,7 @@ private:
     void wireLists();
     void wireSwitches();
     void wirePages();
+    void wireKeys();
 
     // Handle.
     void Text1_Click(int index);

@@ -204,6 +204,7 @@ void frmEditArr::EffComm_Click(int index)
     const bool on = EffComm[index]->text() == QLatin1String(Off);
     arrEdit(fieldAt(EditFields::EffComm, index), on ? 1 : 0, index);
     EffComm[index]->setText(QLatin1String(on ? On : Off));
+    EffComm[index]->setAccessibleDescription(EffComm[index]->text());
 }
 
 void frmEditArr::CommM_Click(int track)
@@ -225,8 +226,8 @@ void frmEditArr::showTrackSwitches()
         const bool solo = fieldAt(switches_.TrackSolo, track);
         showButtonColour(CommM[track], mute ? EditColour::MuteOn : EditColour::Off);
         showButtonColour(CommS[track], solo ? EditColour::SoloOn : EditColour::Off);
-        CommM[track]->setAccessibleDescription(QLatin1String(mute ? On : Off));
-        CommS[track]->setAccessibleDescription(QLatin1String(solo ? On : Off));
+        CommM[track]->setChecked(mute);
+        CommS[track]->setChecked(solo);
     }
 }
 

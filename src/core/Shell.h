@@ -23,6 +23,8 @@ public:
     virtual void openPath(const std::string& path, int fileKind, bool readOnly) = 0;
     /// Pops up mnuModifica at the pointer.
     virtual void popupEditMenu() = 0;
+    /// Pops it up where the focus is, for a key that asks for it.
+    virtual void popupEditMenuAtFocus() { popupEditMenu(); }
     /// Enables or disables a menu item by name; unknown names are ignored.
     virtual void enableMenuItem(const char* name, bool enabled) = 0;
     /// The cut command of the edit menu, run if it is enabled.

@@ -112,6 +112,7 @@ constexpr std::array Rows = {
               "Keeps the held notes: each key then plays the same chord from itself"},
     StringRow{Words::SecondsLeft, "ancora _ s", "_ s left"},
     StringRow{Words::InstMemory, "Memoria dello strumento", "Memory of the instrument"},
+    StringRow{Words::StatusPanel, "Barra di stato", "Status bar"},
 };
 
 static_assert(Rows.size() == static_cast<std::size_t>(Words::count()), "a row for each name in Words");

@@ -10,6 +10,7 @@
 #include "midi/DeviceModes.h"
 #include "toolkit/Choices.h"
 #include "toolkit/QtPanelParts.h"
+#include "toolkit/QtSpoken.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -146,6 +147,7 @@ void frmGbl::addSlider(QGroupBox* frame, QGridLayout* grid, int row, int index)
     slider->setTracking(false); // it edits when it lands
     QLabel* value =
         GblLab1.put(GblFields::SliderLabel[static_cast<std::size_t>(index)], makeValueBeside(frame, "Normal"));
+    speakFader(slider, value);
     grid->addWidget(makeCaption(frame, field.caption, slider), row, 0);
     grid->addWidget(slider, row, 1, 1, 2);
     grid->addWidget(value, row, 3);

@@ -5,6 +5,7 @@
 #include "core/Words.h"
 #include "global/GblFields.h"
 #include "toolkit/QtPanelParts.h"
+#include "toolkit/QtSpoken.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -100,6 +101,7 @@ void frmGbl::buildNote(QGroupBox* frame, QGridLayout* grid, int scale, int note)
     QSlider* fader = VScroll2.put(index, makeFader(frame, Qt::Vertical, field.low, field.high, LargeStep));
     fader->setAccessibleName(QLatin1String(ScaleNames[scale]) + QLatin1String(", ") + QLatin1String(Notes[note]));
     QLabel* value = Lab2.put(index, makeValueText(frame, "-50"));
+    speakFader(fader, value);
     auto* key = new QLabel(QLatin1String(Notes[note]), frame);
     key->setObjectName(QStringLiteral("note(%1)").arg(index));
     showAsKey(key, Notes[note][1] == '#');
@@ -141,6 +143,7 @@ QGroupBox* frmGbl::buildHarmony(QWidget* page, ChoiceRows& rows)
         const GblParameter& field = gblParameter(GblFields::HScroll3[static_cast<std::size_t>(index)]);
         HScroll3.put(index, makeFader(frame, Qt::Horizontal, field.low, field.high, LargeStep));
         QLabel* note = Lab3.put(GblFields::RangeLabel[static_cast<std::size_t>(index)], makeValueBeside(frame, "G#-1"));
+        speakFader(HScroll3[index], note);
         grid->addWidget(makeCaption(frame, field.caption, HScroll3[index]), row, 0);
         grid->addWidget(HScroll3[index], row, 1);
         grid->addWidget(note, row++, 2);

@@ -14,6 +14,7 @@
 #include "instrument/InstrumentWords.h"
 #include "instrument/KeysView.h"
 #include "instrument/VirtualMidiService.h"
+#include "toolkit/QtSpoken.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -131,6 +132,7 @@ QWidget* frmInstrument::buildPanel()
     Keys = new KeysView(panel);
     Keys->setObjectName(QStringLiteral("Keys"));
     Keys->setAccessibleName(words(Words::InstKeys));
+    speakDrawings();
     auto* layout = new QVBoxLayout(panel);
     layout->setContentsMargins(PanelMargin, PanelMargin, PanelMargin, PanelMargin);
     layout->setSpacing(PanelMargin);
@@ -140,6 +142,20 @@ QWidget* frmInstrument::buildPanel()
     layout->addWidget(Keys);
     layout->addLayout(buildTraffic(panel));
     return panel;
+}
+
+/// What the drawings show, in the words that stand elsewhere in the window.
+void frmInstrument::speakDrawings()
+{
+    speakAs(Gauges, {QAccessible::Graphic, [this] { return Gauges->accessibleDescription(); }, {}, {}, {}});
+    const auto channels = [this] {
+        QStringList rows;
+        for (const std::string& row : InstrumentTexts::channelRows(instrument_))
+            rows << text(row);
+        return rows.join(QStringLiteral("; "));
+    };
+    speakAs(Channels, {QAccessible::Graphic, channels, {}, {}, {}});
+    speakAs(Keys, {QAccessible::Graphic, [this] { return LabelKeys->text(); }, {}, {}, {}});
 }
 
 QLayout* frmInstrument::buildDisplay(QWidget* panel)

@@ -38,6 +38,7 @@ protected:
 private:
     void buildControls();
     QWidget* buildPanel();
+    void speakDrawings();
     QLayout* buildDisplay(QWidget* panel);
     QLayout* buildTraffic(QWidget* panel);
     QWidget* buildHeld();

@@ -4,9 +4,11 @@
 
 #include "keyboard/KeyGeometry.h"
 #include "keyboard/KeyWidget.h"
+#include "toolkit/QtSpoken.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -18,6 +20,10 @@ namespace
 constexpr quint64 OneMovement = 40;
 /// The first step out of a rest is seen after any time, but goes no further than this; twips.
 constexpr int FirstStep = KeyGeometry::OctaveWidth;
+/// A key that is struck without a hand on it sounds for this time; milliseconds.
+constexpr int StrikeLength = 300;
+
+bool isButton(int key) { return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter; }
 
 QRect inPixels(const TwipsRect& twips, qreal unitX, qreal unitY)
 {
@@ -40,6 +46,12 @@ KeyBedWidget::KeyBedWidget(QWidget* parent) : QFrame(parent)
     for (int key = 0; key < KeyRange::Count; ++key)
         if (isBlackKey(key))
             Key[key]->raise();
+    speak();
+    struckKey_ = new QTimer(this);
+    struckKey_->setObjectName(QStringLiteral("TimerStruckKey"));
+    struckKey_->setSingleShot(true);
+    struckKey_->setInterval(StrikeLength);
+    connect(struckKey_, &QTimer::timeout, this, [this] { release(); });
 }
 
 void KeyBedWidget::resizeEvent(QResizeEvent* event)
@@ -152,7 +164,7 @@ int KeyBedWidget::heightInKey(int key, QPointF place) const
     return static_cast<int>(std::lround(inside * keyRect(key).height / std::max(1, widget->height())));
 }
 
-// The computer's keyboard: the arrows are the pointer, the blank is its button.
+// The computer's keyboard: the arrows are the pointer, the blank and Enter are its button.
 
 void KeyBedWidget::keyPressEvent(QKeyEvent* event)
 {
@@ -163,52 +175,98 @@ void KeyBedWidget::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Right:
         moveCursor(1);
         break;
-    case Qt::Key_Space:
-        if (!event->isAutoRepeat() && !spaceDown_) {
-            spaceDown_ = true;
-            mouseDown(cursor_);
-        }
+    case Qt::Key_PageDown:
+        moveCursor(-KeyRange::Octave);
+        break;
+    case Qt::Key_PageUp:
+        moveCursor(KeyRange::Octave);
+        break;
+    case Qt::Key_Home:
+        moveCursor(-KeyRange::Count);
+        break;
+    case Qt::Key_End:
+        moveCursor(KeyRange::Count);
         break;
     default:
-        QFrame::keyPressEvent(event);
+        if (!isButton(event->key()))
+            QFrame::keyPressEvent(event);
+        else if (!event->isAutoRepeat())
+            press();
     }
 }
 
 void KeyBedWidget::keyReleaseEvent(QKeyEvent* event)
 {
-    if (event->key() != Qt::Key_Space)
+    if (!isButton(event->key()))
         QFrame::keyReleaseEvent(event);
     else if (!event->isAutoRepeat())
-        releaseSpace();
+        release();
 }
 
-void KeyBedWidget::moveCursor(int step)
+void KeyBedWidget::press()
 {
-    releaseSpace(); // its release belongs to the key that it pressed
-    Key[cursor_]->showCursor(false);
-    cursor_ = std::clamp(cursor_ + step, 0, KeyRange::Count - 1);
-    Key[cursor_]->showCursor(true);
-    mouseMove(cursor_, 0);
-}
-
-void KeyBedWidget::releaseSpace()
-{
-    if (!spaceDown_)
+    if (pressed_)
         return;
-    spaceDown_ = false;
+    pressed_ = true;
+    mouseDown(cursor_);
+}
+
+void KeyBedWidget::release()
+{
+    struckKey_->stop();
+    if (!pressed_)
+        return;
+    pressed_ = false;
     mouseUp(cursor_);
+}
+
+void KeyBedWidget::strike(int key)
+{
+    release();
+    putCursor(key);
+    press();
+    struckKey_->start();
+}
+
+void KeyBedWidget::moveCursor(int step) { putCursor(std::clamp(cursor_ + step, 0, KeyRange::Count - 1)); }
+
+void KeyBedWidget::putCursor(int key)
+{
+    release(); // it belongs to the key that was pressed
+    Key[cursor_]->showCursor(false);
+    cursor_ = key;
+    Key[cursor_]->showCursor(hasFocus());
+    mouseMove(cursor_, 0);
 }
 
 void KeyBedWidget::focusInEvent(QFocusEvent* event)
 {
     QFrame::focusInEvent(event);
-    const Qt::FocusReason reason = event->reason();
-    Key[cursor_]->showCursor(reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason);
+    Key[cursor_]->showCursor(event->reason() != Qt::MouseFocusReason);
 }
 
 void KeyBedWidget::focusOutEvent(QFocusEvent* event)
 {
     QFrame::focusOutEvent(event);
-    releaseSpace();
+    release();
     Key[cursor_]->showCursor(false);
+}
+
+// The screen reader.
+
+void KeyBedWidget::speak()
+{
+    speakAs(this, {QAccessible::Grouping, {}, {}, {}, [this] { return hasFocus() ? Key[cursor_] : nullptr; }});
+    for (int key = 0; key < KeyRange::Count; ++key) {
+        const KeyWidget* widget = Key[key];
+        Spoken spoken;
+        spoken.role = QAccessible::PushButton;
+        spoken.adjust = [widget](QAccessible::State& state) {
+            state.pressed = widget->marked();
+            state.focusable = true;
+            state.focused = widget->hasCursor();
+        };
+        spoken.press = [this, key] { strike(key); };
+        speakAs(Key[key], std::move(spoken));
+    }
 }

@@ -13,6 +13,7 @@
 #include <functional>
 
 class KeyWidget;
+class QTimer;
 
 class KeyBedWidget final : public QFrame
 {
@@ -26,6 +27,9 @@ public:
     std::function<void(int key, int y)> mouseMove; ///< y in twips from the key's upper edge
     std::function<void()> mouseOutside;            ///< on the frame or beyond it, not on a key
 
+    /// Plays a key as a click does: the pointer comes to it, presses, and lets go after a moment that can be heard.
+    void strike(int key);
+
 protected:
     bool eventFilter(QObject* key, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -37,6 +41,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void speak();
+
     static constexpr int NoKey = -1;
     struct Sample {
         QPointF place;
@@ -50,10 +56,13 @@ private:
     void passOverWay(QPointF from, QPointF to);
     void tell(int key, QPointF place);
     void moveCursor(int step);
-    void releaseSpace();
+    void putCursor(int key);
+    void press();
+    void release();
 
     Sample last_;
     int lastKey_ = NoKey;
     int cursor_ = KeyRange::Count / 2 - KeyRange::Count / 2 % KeyRange::Octave; ///< the middle C of the five octaves
-    bool spaceDown_ = false;
+    bool pressed_ = false; ///< the key under the cursor, by the computer's keyboard
+    QTimer* struckKey_;    ///< lets go of a key that was struck
 };

@@ -4,6 +4,7 @@
 #include "keyboard/KeyGeometry.h"
 #include "toolkit/QtLooks.h"
 #include "toolkit/QtPanelParts.h"
+#include "toolkit/QtSpoken.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -46,6 +47,9 @@ void KeyWidget::showMark(bool marked)
         return;
     marked_ = marked;
     update();
+    QAccessible::State changed;
+    changed.pressed = true;
+    tellState(this, changed);
 }
 
 void KeyWidget::showCursor(bool here)
@@ -54,6 +58,8 @@ void KeyWidget::showCursor(bool here)
         return;
     cursor_ = here;
     update();
+    if (here)
+        tellFocus(this);
 }
 
 void KeyWidget::paintEvent(QPaintEvent*)

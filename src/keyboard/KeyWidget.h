@@ -13,6 +13,7 @@ public:
     bool marked() const { return marked_; }
     /// The key that the arrows of the computer's keyboard stand on.
     void showCursor(bool here);
+    bool hasCursor() const { return cursor_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

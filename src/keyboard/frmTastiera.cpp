@@ -10,6 +10,7 @@
 #include "toolkit/Choices.h"
 #include "toolkit/QtLooks.h"
 #include "toolkit/QtPanelParts.h"
+#include "toolkit/QtSpoken.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -166,6 +167,7 @@ void frmTastiera::buildFader(int index)
     Label2[index]->setWordWrap(true);
     Label2[index]->setBuddy(slider);
     Label3.put(index, strip("", faderText(index, 0), ValueTop, LineHeight, Qt::AlignCenter));
+    speakFader(slider, Label3[index]);
     Label4.put(index, mark(fader.topMark, FaderTop, Qt::AlignLeft | Qt::AlignTop));
     Label5.put(index, mark(fader.bottomMark, bottom - LineHeight, Qt::AlignLeft | Qt::AlignBottom));
     if (index != Faders::Pan)
@@ -214,6 +216,7 @@ void frmTastiera::buildChannelAndSplit()
     constexpr int TextLeft = SideLeft + Inside + 100 + FaderWidth + 160;
     Text3 = makeShownNote("Text3", word(Words::SplitNote),
                           {TextLeft, BoxTop + 780, SideLeft + SideWidth - Inside - TextLeft, RowHeight});
+    speakFader(VScroll1, Text3);
 }
 
 void frmTastiera::buildKeys()
@@ -233,6 +236,7 @@ void frmTastiera::buildKeys()
     Picture1 = new SplitMarker(panel_);
     Picture1->setObjectName(QStringLiteral("Picture1"));
     Picture1->setAccessibleName(word(Words::SplitMarker));
+    speakAs(Picture1, {QAccessible::Graphic, [this] { return Text3->text().trimmed(); }, {}, {}, {}});
     Picture1->setAttribute(Qt::WA_TransparentForMouseEvents);
     panel_->place(Picture1, {KeyGeometry::MarkerOrigin, KeyGeometry::MarkerTop, KeyGeometry::MarkerWidth,
                              KeyGeometry::MarkerHeight});

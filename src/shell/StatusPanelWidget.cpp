@@ -7,6 +7,7 @@
 #include "core/Words.h"
 #include "midi/MIDI.h"
 #include "toolkit/QtPlainTip.h"
+#include "toolkit/QtSpoken.h"
 
 #include <QHBoxLayout>
 #include <QHelpEvent>
@@ -70,6 +71,8 @@ QString outputHint() { return QString::fromUtf8(outputPortText().c_str()); }
 StatusPanelWidget::StatusPanelWidget(QWidget* parent) : QFrame(parent)
 {
     setObjectName(QStringLiteral("Picture1"));
+    setAccessibleName(words(Words::StatusPanel));
+    speakAs(this, {QAccessible::StatusBar, {}, {}, {}, {}});
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(8, 3, 8, 3);
     row->setSpacing(8);

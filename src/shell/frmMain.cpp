@@ -60,6 +60,7 @@ frmMain::frmMain(Factory factory) : factory_(std::move(factory))
     column->addWidget(Picture1);
     setCentralWidget(content);
     buildMenus();
+    buildKeys();
     buildTimers();
     connect(area_, &QMdiArea::subWindowActivated, this, [this] { MenuSync(); });
 }

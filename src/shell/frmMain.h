@@ -51,6 +51,7 @@ public:
     bool bringForward(int windowKind, const std::string& path) override;
     void openPath(const std::string& path, int fileKind, bool readOnly) override;
     void popupEditMenu() override;
+    void popupEditMenuAtFocus() override;
     void enableMenuItem(const char* name, bool enabled) override;
     void cut() override;
     bool closeEditorOf(int sourceKind, int slot) override;
@@ -88,6 +89,7 @@ private:
     void buildMenus();
     QAction* addMenuRow(const MenuRow& row, QMenu* menu);
     void wireMenuRow(const MenuRow& row, QAction* action);
+    void buildKeys();
     void buildTimers();
 
     // Handle.

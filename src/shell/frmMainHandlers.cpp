@@ -21,6 +21,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QListWidget>
 #include <QMdiArea>
@@ -154,6 +155,13 @@ void frmMain::openPath(const std::string& path, int fileKind, bool readOnly)
 }
 
 void frmMain::popupEditMenu() { menuItem("mnuModifica")->menu()->popup(QCursor::pos()); }
+
+void frmMain::popupEditMenuAtFocus()
+{
+    const QWidget* focus = QApplication::focusWidget();
+    const QRect place = focus ? focus->inputMethodQuery(Qt::ImCursorRectangle).toRect() : QRect();
+    menuItem("mnuModifica")->menu()->popup(focus ? focus->mapToGlobal(place.center()) : QCursor::pos());
+}
 
 void frmMain::enableMenuItem(const char* name, bool enabled)
 {

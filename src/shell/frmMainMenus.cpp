@@ -8,6 +8,7 @@
 #include "shell/frmMainMenu.h"
 #include "toolkit/ChildWindow.h"
 #include "toolkit/ControlArray.h"
+#include "toolkit/QtKeyActions.h"
 
 #include <QAction>
 #include <QMdiArea>
@@ -60,6 +61,19 @@ void frmMain::buildMenus()
     connect(menuItem("mnuWindow")->menu(), &QMenu::aboutToShow, this, [this] { listChildWindows(); });
 }
 
+/// Keys beside those that stand in the menus.
+void frmMain::buildKeys()
+{
+    menuItem("mnuChiudi")->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::CTRL | Qt::Key_F4)});
+    // Also the menu without a letter is reached so.
+    addKeyAction(this, "actMenuBar", Qt::Key_F10, [this] { menuBar()->setActiveAction(menuBar()->actions().first()); });
+    addKeyAction(this, "actEditMenu", Qt::SHIFT | Qt::Key_F10, [this] { popupEditMenuAtFocus(); });
+    addKeyAction(this, "actSystemMenu", Qt::ALT | Qt::Key_Minus, [this] {
+        if (ChildWindow* child = activeChild())
+            child->showSystemMenu(); // its items move and resize the window by keys
+    });
+}
+
 QAction* frmMain::addMenuRow(const MenuRow& row, QMenu* menu)
 {
     QAction* action = nullptr;
@@ -67,6 +81,7 @@ QAction* frmMain::addMenuRow(const MenuRow& row, QMenu* menu)
         QMenu* inner =
             row.type == MenuRow::Type::Menu ? menuBar()->addMenu(captionOf(row)) : menu->addMenu(captionOf(row));
         inner->setObjectName(QLatin1String(row.name));
+        inner->setAccessibleName(captionOf(row).remove(QLatin1Char('&')));
         action = inner->menuAction();
     } else if (row.type == MenuRow::Type::Separator) {
         action = menu->addSeparator();

@@ -7,14 +7,19 @@
 #include "core/ScopedFlag.h"
 #include "core/Shell.h"
 #include "toolkit/ControlArray.h"
+#include "toolkit/QtKeyActions.h"
 #include "toolkit/QtPlainTip.h"
+#include "toolkit/RowList.h"
 #include "toolkit/StageTimer.h"
 #include "toolkit/Twips.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMenu>
 #include <QScrollArea>
@@ -22,6 +27,22 @@
 #include <QToolTip>
 
 #include <algorithm>
+
+namespace
+{
+
+/// A list is named by its caption, and the field that it is typed into as the list: the caption is no label of that.
+void nameCombos(const QWidget* content)
+{
+    for (const QLabel* caption : content->findChildren<QLabel*>())
+        if (auto* combo = qobject_cast<QComboBox*>(caption->buddy()); combo && combo->accessibleName().isEmpty())
+            combo->setAccessibleName(caption->text());
+    for (const QComboBox* combo : content->findChildren<QComboBox*>())
+        if (combo->lineEdit())
+            combo->lineEdit()->setAccessibleName(combo->accessibleName());
+}
+
+} // namespace
 
 ChildWindow::ChildWindow(const char* name, int AppState::*counter) : counter_(counter)
 {
@@ -250,12 +271,26 @@ void ChildWindow::setContent(QWidget* content)
     auto* area = new QScrollArea(this);
     area->setObjectName(QStringLiteral("content"));
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // the keys belong to what stands in it
     area->setWidgetResizable(true);
     area->setWidget(content);
+    stepRowsByKeys(content);
+    nameCombos(content);
     // The fields' own edit menus would hide mnuModifica.
     for (QWidget* control : content->findChildren<QWidget*>())
         control->setContextMenuPolicy(Qt::NoContextMenu);
     setWidget(area);
+}
+
+/// Ctrl with Down and Up chooses the next and the previous row wherever the focus is; in the list itself the bare
+/// arrows do, and with Ctrl they go over rows without choosing them.
+void ChildWindow::stepRowsByKeys(const QWidget* content)
+{
+    auto* list = dynamic_cast<RowList*>(content->findChild<QListWidget*>(QStringLiteral("List1")));
+    if (!list)
+        return;
+    addKeyAction(this, "actNextRow", Qt::CTRL | Qt::Key_Down, [list] { list->step(1); });
+    addKeyAction(this, "actPreviousRow", Qt::CTRL | Qt::Key_Up, [list] { list->step(-1); });
 }
 
 void ChildWindow::contextMenuEvent(QContextMenuEvent* event)
@@ -266,7 +301,10 @@ void ChildWindow::contextMenuEvent(QContextMenuEvent* event)
         return;
     }
     event->accept();
-    App.shell->popupEditMenu();
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        App.shell->popupEditMenuAtFocus();
+    else
+        App.shell->popupEditMenu();
 }
 
 void ChildWindow::closeEvent(QCloseEvent* event)

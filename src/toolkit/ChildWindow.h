@@ -78,6 +78,7 @@ private:
 
     void nameSystemMenu();
     bool titleIsCut();
+    void stepRowsByKeys(const QWidget* content);
     bool isFree() const; ///< neither maximised nor minimised: its rectangle is its own
     void showFree();
     void applyPlace();

@@ -6,6 +6,7 @@
 #include "core/Words.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -23,6 +24,13 @@ constexpr int OpenRow = 51;
 constexpr int ReadOnlyRow = 122;
 
 QString words(int id) { return QString::fromUtf8(ResText(id).c_str()); }
+
+/// The toolkit leaves its two lists without a name.
+void nameList(const QFileDialog& dialog, const char* list, int caption)
+{
+    if (auto* combo = dialog.findChild<QComboBox*>(QLatin1String(list)))
+        combo->setAccessibleName(words(caption));
+}
 
 QCheckBox* addReadOnlyBox(QFileDialog& dialog, bool checked)
 {
@@ -88,6 +96,8 @@ void applyDialogWords(QFileDialog& dialog, int acceptRow)
     dialog.setLabelText(QFileDialog::FileType, words(Words::FileType));
     dialog.setLabelText(QFileDialog::Accept, words(acceptRow));
     dialog.setLabelText(QFileDialog::Reject, words(Words::Cancel));
+    nameList(dialog, "lookInCombo", Words::LookIn);
+    nameList(dialog, "fileTypeCombo", Words::FileType);
     makeRoomForColumns(dialog);
     // Each dialog has icons of its own, and the toolkit keeps their pictures when it has gone: nobody asks for them
     // again.

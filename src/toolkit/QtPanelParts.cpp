@@ -182,6 +182,7 @@ QWidget* addPanelPage(QTabWidget* pages, const QString& caption)
     auto* area = new QScrollArea(pages);
     area->setObjectName(memberName("page", pages->count()));
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // the keys belong to what stands in it
     area->setWidgetResizable(true);
     pages->addTab(area, caption);
     auto* page = new QWidget(area->viewport());
@@ -280,7 +281,9 @@ QColor colourOf(int blueGreenRed)
 
 QPushButton* makeColourButton(QWidget* parent, const char* letter)
 {
-    return new ColourButton(QLatin1String(letter), parent);
+    auto* button = new ColourButton(QLatin1String(letter), parent);
+    button->setCheckable(true); // what its colour says to the eye
+    return button;
 }
 
 void showButtonColour(QPushButton* button, int blueGreenRed)

@@ -8,8 +8,12 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include <algorithm>
+
 namespace
 {
+
+bool isStep(int key) { return key == Qt::Key_Down || key == Qt::Key_Up; }
 
 /// Keys that choose a row even when the row stays the same.
 bool choosesRow(int key)
@@ -55,6 +59,28 @@ void RowList::setRows(const QStringList& rows)
     addItems(rows);
 }
 
+/// Without a chosen row the keys stand on the first one, and the first step takes that one and not the second.
+bool RowList::chooseFirst()
+{
+    if (count() == 0 || !selectedItems().isEmpty())
+        return false;
+    select(std::max(0, currentRow()));
+    tellClick();
+    return true;
+}
+
+void RowList::step(int rows)
+{
+    if (!isEnabled() || chooseFirst())
+        return;
+    const int row = std::clamp(currentRow() + rows, 0, count() - 1);
+    if (count() == 0 || row == currentRow())
+        return;
+    select(row);
+    scrollToItem(item(row));
+    tellClick();
+}
+
 void RowList::tellClick()
 {
     if (click_ && currentRow() >= 0)
@@ -98,6 +124,20 @@ void RowList::mouseReleaseEvent(QMouseEvent* event)
     }
 }
 
+/// Where several rows can be chosen, Ctrl with the arrows stays the list's own: it goes over rows without choosing
+/// them, and Ctrl with the blank adds one.
+bool RowList::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && selectionMode() == ExtendedSelection) {
+        const auto* key = static_cast<const QKeyEvent*>(event);
+        if (key->modifiers() == Qt::ControlModifier && isStep(key->key())) {
+            event->accept();
+            return true;
+        }
+    }
+    return QListWidget::event(event);
+}
+
 void RowList::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier) {
@@ -110,10 +150,13 @@ void RowList::keyPressEvent(QKeyEvent* event)
         event->ignore();
         return;
     }
+    if (isStep(event->key()) && event->modifiers() == Qt::NoModifier && currentRow() <= 0 && chooseFirst())
+        return;
     const int before = currentRow();
     QListWidget::keyPressEvent(event);
-    if (currentRow() != before || choosesRow(event->key()))
+    const bool chosen = currentItem() && currentItem()->isSelected();
+    if (chosen && (currentRow() != before || choosesRow(event->key())))
         tellClick();
-    else if (event->matches(QKeySequence::SelectAll) && App.shell)
+    else if (App.shell)
         App.shell->MenuSync(); // no click, but the edit menu follows the selection
 }

@@ -18,6 +18,10 @@ public:
     void onDoubleClick(std::function<void()> handler) { doubleClick_ = std::move(handler); }
     void onDelete(std::function<void()> handler) { delete_ = std::move(handler); }
 
+    /// Chooses the row `rows` below (above, where negative), as a press on it would; without a chosen row the one that
+    /// the keys stand on. At the first and the last row nothing happens.
+    void step(int rows);
+
     /// The row's number from 0, -1 without one.
     int ListIndex() const { return currentRow(); }
     /// Makes a row the current and only selected one; no click follows.
@@ -28,6 +32,7 @@ public:
     void setRows(const QStringList& rows);
 
 protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -35,6 +40,7 @@ protected:
 
 private:
     void tellClick();
+    bool chooseFirst();
 
     std::function<void()> click_;
     std::function<void()> doubleClick_;

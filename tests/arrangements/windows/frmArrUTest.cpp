@@ -198,11 +198,11 @@ TEST_F(ArrWindow, theStylesBoxKeepsNamingTheRowsStyle)
 TEST_F(ArrWindow, namesStandOneUnderTheOtherWithAndWithoutAMark)
 {
     frmArrU* window =
-        open(1, "song", arrFile({{0, Block().name("Same Name")}, {1, Block().name("Same Name").style(0, 1)}}));
+        open(1, "song", arrFile({{1, Block().name("Same Name")}, {2, Block().name("Same Name").style(0, 1)}}));
     RowList* rows = list(window);
     const QImage shown = rows->viewport()->grab().toImage();
-    const QRect first = rows->visualItemRect(rows->item(0));
-    const QRect second = rows->visualItemRect(rows->item(1));
+    const QRect first = rows->visualItemRect(rows->item(1)); // the focus mark stands on the row before
+    const QRect second = rows->visualItemRect(rows->item(2));
     // Behind the code and the mark both rows show the same picture, and it is not an empty one.
     const int from = rows->fontMetrics().horizontalAdvance(QStringLiteral("00++"));
     const auto names = [&](const QRect& row) {

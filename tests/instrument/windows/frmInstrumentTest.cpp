@@ -9,6 +9,7 @@
 #include "instrument/KeysView.h"
 #include "instrument/VirtualMidiService.h"
 #include "support/Hex.h"
+#include "support/SpokenWalk.h"
 #include "toolkit/QtLooks.h"
 
 #include <QApplication>
@@ -232,6 +233,35 @@ TEST_F(InstrumentWindow, everyControlHasItsNameAndEveryListAnAccessibleOne)
     for (const QListWidget* list : window->findChildren<QListWidget*>())
         EXPECT_FALSE(list->objectName().isEmpty());
     EXPECT_NE(window->findChild<QTabWidget*>("TabHeld"), nullptr);
+}
+
+TEST_F(InstrumentWindow, isSpokenWholeInBothLanguages)
+{
+    for (const int language : {1, 2}) {
+        setLanguage(language);
+        open();
+        SpokenWalk spoken;
+        spoken.walk(window.get());
+        EXPECT_EQ(spoken.roles[QAccessible::Graphic], 3);
+        EXPECT_EQ(spoken.roles[QAccessible::PageTab], 5);
+    }
+}
+
+TEST_F(InstrumentWindow, tellsWhatItsDrawingsShow)
+{
+    open();
+    const auto value = [this](const char* name) {
+        QAccessibleInterface* face = QAccessible::queryAccessibleInterface(find<QWidget>(name));
+        EXPECT_EQ(face->role(), QAccessible::Graphic) << name;
+        EXPECT_FALSE(face->text(QAccessible::Name).isEmpty()) << name;
+        return face->text(QAccessible::Value);
+    };
+    EXPECT_EQ(value("Keys"), "");
+    EXPECT_EQ(value("Gauges"), "Arrangements 0 / 64, Styles 0 / 16, Programs 0 / 64, Global block 0 / 1");
+    take("90 3C 40 90 43 40 B0 20 01 C0 00 C9 05");
+    window->refresh();
+    EXPECT_EQ(value("Keys"), "C4, G4");
+    EXPECT_EQ(value("Channels"), "Channel 1 (global)   11; Channel 10   5");
 }
 
 TEST_F(InstrumentWindow, nothingIsCutOffAtTheDefaultSizeInEitherLanguage)

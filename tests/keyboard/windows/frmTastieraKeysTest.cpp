@@ -281,6 +281,26 @@ TEST_F(frmTastieraKeys, theArrowsAndTheBlankPlayAsThePointerAndItsButtonDo)
     EXPECT_EQ(sent(), "92 3B 50");
 }
 
+TEST_F(frmTastieraKeys, enterPlaysTooAndOctavesAndEndsAreReachedByKeys)
+{
+    openSilently();
+    QWidget* keys = control("Frame1");
+    const auto play = [keys](int step) {
+        QTest::keyClick(keys, static_cast<Qt::Key>(step));
+        QTest::keyClick(keys, Qt::Key_Return);
+    };
+    play(Qt::Key_PageUp);
+    EXPECT_EQ(sent(), "92 48 50, 82 48 20");
+    play(Qt::Key_PageDown);
+    EXPECT_EQ(sent(), "92 3C 50, 82 3C 20");
+    play(Qt::Key_Home);
+    EXPECT_EQ(sent(), "92 24 50, 82 24 20");
+    play(Qt::Key_Left);
+    EXPECT_EQ(sent(), "92 24 50, 82 24 20") << "there is none before";
+    play(Qt::Key_End);
+    EXPECT_EQ(sent(), "92 60 50, 82 60 20");
+}
+
 // What is seen.
 
 TEST_F(frmTastieraKeys, aKeyIsWhiteOrBlackAndItsMarkStandsWhereItShould)

@@ -62,6 +62,7 @@ inline constexpr const char* FixedTexts =
 /// Fixed texts that follow a rule: figures, notes, parameters of a track, pan positions.
 inline constexpr const char* FixedRules[] = {
     "[-+]?\\d+",
+    "(Ctrl|Alt)\\+[1-9]", // keys
     "/.*", // folders in the dialogs
     "[A-G]#?(-?\\d)?",
     "[A-G]#?/(Do|Re|Mi|Fa|Sol|La|Si)#? \\(\\d+\\)",

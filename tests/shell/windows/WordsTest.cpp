@@ -1,15 +1,13 @@
 // Every word on the screen, in both languages: each stands in a table of words, or is stated here as fixed. And none of
 // them is cut off in a window of its default size.
-#include "EveryWindow.h"
+#include "EveryDialog.h"
 #include "FixedTexts.h"
 #include "TextFit.h"
 
 #include "core/NameTables.h"
 #include "core/StringTable.h"
-#include "shell/frmAvviso1.h"
 #include "shell/frmSplash.h"
 #include "toolkit/QtToolkitWords.h"
-#include "toolkit/QtUserInterface.h"
 
 #include <QCheckBox>
 #include <QFileDialog>
@@ -59,7 +57,7 @@ struct Shown {
     QString text;
 };
 
-class EveryWord : public EveryWindow
+class EveryWord : public EveryDialog
 {
 protected:
     // Collect.
@@ -242,27 +240,6 @@ protected:
             }
     }
 
-    /// The modal window that `ask` opens, walked and closed.
-    void walkModal(const std::function<void()>& ask)
-    {
-        bool seen = false;
-        QTimer::singleShot(0, qApp, [&] {
-            QWidget* top = QApplication::activeModalWidget();
-            seen = top != nullptr;
-            ASSERT_TRUE(seen);
-            collect(top);
-            if (!dynamic_cast<QFileDialog*>(top))
-                measureAllPages(top);
-            if (auto* no = top->findChild<QPushButton*>(QStringLiteral("CommNo")))
-                no->click();
-            else
-                top->close();
-        });
-        ask();
-        EXPECT_TRUE(seen);
-        judge();
-    }
-
     std::vector<Shown> found;
     int measured = 0;
 };
@@ -279,29 +256,12 @@ TEST_P(EveryWord, ofEveryWindowAndMenuStandsInTheTables)
 
 TEST_P(EveryWord, ofTheSmallWindowsAndDialogsStandsInTheTables)
 {
-    start();
-    QtUserInterface real;
-    real.setWindows({&frmLingua::choose, [this](const QString& caption, const QString& text) {
-                         frmAvviso2(window.get(), caption, text).exec();
-                     }});
-    real.setMainWindow(window.get(), window->statusPanel());
-    App.ui = &real;
-    walkModal([&] { real.warn("A title", "A text"); });
-    walkModal([&] { real.askYesNo("A title", "A text"); });
-    walkModal([&] { real.askYesNoCancel("A title", "A text"); });
-    walkModal([&] { real.showNotice("A title", "A text"); });
-    walkModal([&] { real.chooseLanguage(); });
-    walkModal([&] { real.confirmOverwrite(songs.path() + "/song.arr"); });
-    walkModal([&] { frmAvviso1(window.get(), "A title", "A text").exec(); });
-    for (const char* name : {"mnuApriArr", "mnuApriSty", "mnuApriPrg", "mnuApriGbl"})
-        walkModal([&] { item(name)->trigger(); });
-    App.ui = &user;
-    for (const int kind : {20, 22, 24}) {
-        window->mnuNew_Click(kind);
-        App.ui = &real;
-        walkModal([&] { item("mnuSalvaAs")->trigger(); });
-        App.ui = &user;
-    }
+    everyDialog([this](QWidget* top) {
+        collect(top);
+        if (!dynamic_cast<QFileDialog*>(top))
+            measureAllPages(top);
+        judge();
+    });
     frmSplash splash;
     collect(&splash);
     judge();

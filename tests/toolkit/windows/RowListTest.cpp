@@ -147,3 +147,37 @@ TEST_F(Rows, rowTextsAreTheInstrumentsBytes)
     EXPECT_EQ(list.rowText(0), "11  Tikytikit\xE0");
     EXPECT_EQ(list.rowText(1), "");
 }
+
+TEST_F(Rows, aStepTakesTheFirstRowAndThenItsNeighbours)
+{
+    list.step(1);
+    list.step(1);
+    list.step(-1);
+    EXPECT_EQ(told, (QStringList{"click 0", "click 1", "click 0"}));
+    list.step(-1);
+    EXPECT_EQ(told.size(), 3) << "there is none before";
+    list.setEnabled(false);
+    list.step(1);
+    EXPECT_EQ(told.size(), 3);
+}
+
+TEST_F(Rows, downWithoutAChosenRowTakesTheFirst)
+{
+    QTest::keyClick(&list, Qt::Key_Down);
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(told, (QStringList{"click 0", "click 1"}));
+}
+
+TEST_F(Rows, controlWithTheArrowsGoesOverManyRowsAndWithTheBlankAddsOne)
+{
+    list.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    press(0);
+    told.clear();
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(told, QStringList());
+    EXPECT_TRUE(list.item(0)->isSelected());
+    QTest::keyClick(&list, Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(told, (QStringList{"click 2"}));
+    EXPECT_EQ(list.selectedItems().size(), 2);
+}
