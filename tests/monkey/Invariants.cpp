@@ -135,13 +135,17 @@ bool wantsName(const QObject* object)
 /// Made by the toolkit inside one of its own controls.
 bool isToolkits(const QObject* object)
 {
+    // What lies in a viewport or on a page is the program's again.
+    const QString inside = object->parent() ? object->parent()->objectName() : QString();
+    if (inside.startsWith(QLatin1String("qt_")) && inside != QLatin1String("qt_scrollarea_viewport") &&
+        inside != QLatin1String("qt_tabwidget_stackedwidget"))
+        return true;
     for (const QObject* above = object->parent(); above; above = above->parent()) {
-        const QString name = above->objectName();
         const QLatin1String type(above->metaObject()->className());
         if (qobject_cast<const QComboBox*>(above) || qobject_cast<const QTabBar*>(above) ||
             qobject_cast<const QLineEdit*>(above) || qobject_cast<const QFileDialog*>(above) ||
-            qobject_cast<const QHeaderView*>(above) || name.startsWith(QLatin1String("qt_")) ||
-            type == QLatin1String("QMdi::ControllerWidget") || type == QLatin1String("QMenuBarExtension"))
+            qobject_cast<const QHeaderView*>(above) || type == QLatin1String("QMdi::ControllerWidget") ||
+            type == QLatin1String("QMenuBarExtension"))
             return true;
     }
     // The menu of the menu bar for what finds no room in it.
