@@ -88,7 +88,7 @@ enum Id : int {
     HoldNoteHint,
     HoldChordHint,
     SecondsLeft, ///< on the progress bar of a long send
-    InstMemory, ///< the virtual instrument: how full it is
+    InstMemory,  ///< the virtual instrument: how full it is
     StatusPanel,
     // The next name stands here, its row at the end of SupplementText.cpp.
     End

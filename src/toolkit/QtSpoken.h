@@ -15,10 +15,10 @@ class QWidget;
 
 struct Spoken {
     QAccessible::Role role = QAccessible::Graphic;
-    std::function<QString()> value;                     ///< may be empty, as all of them
+    std::function<QString()> value;                        ///< may be empty, as all of them
     std::function<void(QAccessible::State& state)> adjust; ///< what the widget's own state lacks
-    std::function<void()> press;                        ///< the one action, "Press"
-    std::function<QWidget*()> focused;                  ///< the part that the focus within stands on, null for none
+    std::function<void()> press;                           ///< the one action, "Press"
+    std::function<QWidget*()> focused;                     ///< the part that the focus within stands on, null for none
 };
 
 /// Describes a widget from now on. Once for each widget.
