@@ -63,7 +63,7 @@ inline constexpr const char* FixedTexts =
 inline constexpr const char* FixedRules[] = {
     "[-+]?\\d+",
     "(Ctrl|Alt)\\+[1-9]", // keys
-    "/.*", // folders in the dialogs
+    "/.*",                // folders in the dialogs
     "[A-G]#?(-?\\d)?",
     "[A-G]#?/(Do|Re|Mi|Fa|Sol|La|Si)#? \\(\\d+\\)",
     "User Scale [1-4](, [A-G]#?)?",
