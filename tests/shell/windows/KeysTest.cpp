@@ -91,6 +91,21 @@ TEST_P(KeysEverywhere, noLetterStandsTwiceInAWindow)
         EXPECT_EQ(inWindow(one), QStringList()) << one->objectName().toStdString();
 }
 
+/// A letter that a menu and a button both have in the table stays with both.
+TEST_P(KeysEverywhere, theLettersOfButtonsThatAMenuHasToo)
+{
+    openEverything();
+    std::set<QChar> menus;
+    for (const QAction* one : window->menuBar()->actions())
+        menus.insert(letterOf(one->text()));
+    QStringList met;
+    for (const QAbstractButton* one : arrangementWindow("song")->findChildren<QAbstractButton*>())
+        if (const QChar letter = letterOf(one->text()); !letter.isNull() && menus.count(letter))
+            met << QString(letter) + QLatin1String(": ") + one->objectName();
+    met.sort();
+    EXPECT_EQ(met.join(QLatin1String(", ")).toStdString(), "P: CommLoadPrg");
+}
+
 TEST_P(KeysEverywhere, theNextRowIsChosenFromAnywhereInTheWindow)
 {
     openEverything();
