@@ -288,7 +288,13 @@ void Desk::openFile(const std::string& menuItem, const std::string& path)
 void Desk::typeFileName(const std::string& path)
 {
     waitFor("QFileDialog", "fileNameEdit");
-    waitUntil([&] { return control("QFileDialog", "fileNameEdit").value("focus") == "1"; }, 2000);
+    // The window manager may hand the keys over later than the dialog thinks.
+    waitUntil(
+        [&] {
+            return control("QFileDialog", "fileNameEdit").value("focus") == "1" &&
+                   control("QFileDialog").value("active") == "1";
+        },
+        2000);
     type(path);
     waitForText("QFileDialog", "fileNameEdit", path);
     // The first Return may go to the list of proposals under the field.
