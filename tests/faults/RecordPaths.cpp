@@ -232,7 +232,7 @@ std::vector<WritePath> runPaths()
         joinInstrument(site);
     };
     first.act = [](const Site&, FaultUser& user) { return SubMain({}) && user.warnings.empty() ? 0 : 1; };
-    for (const std::size_t file : {0, 2, 3})
+    for (const std::size_t file : {0U, 2U, 3U})
         first.files[file].silent = true;
     WritePath start{"start",
                     {record("Dornflex", fresh, ours),
