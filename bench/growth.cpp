@@ -24,7 +24,7 @@ namespace
 {
 
 constexpr double BytesAnOpening = 32;
-constexpr double BytesOfFew = 1024; ///< of a short run, in which caches still fill; the smallest box has more than that
+constexpr double BytesOfFew = 512; ///< of a short run, in which caches still fill; the smallest box has more than that
 constexpr int LeastWarm = 10;       ///< openings
 constexpr int FirstOpenings = 60;   ///< of no account: what the program builds up once belongs to no window
 constexpr double MostResident = 1.01;

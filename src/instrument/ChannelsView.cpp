@@ -1,7 +1,7 @@
 // From top to bottom of a strip: its number in a lamp, the level bar, the pan mark, the selection.
 #include "instrument/ChannelsView.h"
 
-#include "instrument/InstrumentColours.h"
+#include "instrument/QtInstrumentColours.h"
 
 #include <QHelpEvent>
 #include <QPainter>

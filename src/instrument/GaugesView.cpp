@@ -2,7 +2,7 @@
 #include "instrument/GaugesView.h"
 
 #include "core/Strings.h"
-#include "instrument/InstrumentColours.h"
+#include "instrument/QtInstrumentColours.h"
 
 #include <QPainter>
 #include <QStringList>

@@ -1,7 +1,7 @@
 // Painting glass and lamp.
 #include "instrument/GlassWidget.h"
 
-#include "instrument/InstrumentColours.h"
+#include "instrument/QtInstrumentColours.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 // Painting the keyboard: white keys side by side, black keys over their joints, as the keyboard window has them.
 #include "instrument/KeysView.h"
 
-#include "instrument/InstrumentColours.h"
+#include "instrument/QtInstrumentColours.h"
 
 #include <QPainter>
 

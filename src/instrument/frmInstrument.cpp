@@ -9,10 +9,10 @@
 #include "instrument/ChannelsView.h"
 #include "instrument/GaugesView.h"
 #include "instrument/GlassWidget.h"
-#include "instrument/InstrumentColours.h"
 #include "instrument/InstrumentTexts.h"
 #include "instrument/InstrumentWords.h"
 #include "instrument/KeysView.h"
+#include "instrument/QtInstrumentColours.h"
 #include "instrument/VirtualMidiService.h"
 #include "toolkit/QtSpoken.h"
 
