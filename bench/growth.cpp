@@ -25,8 +25,8 @@ namespace
 
 constexpr double BytesAnOpening = 32;
 constexpr double BytesOfFew = 512; ///< of a short run, in which caches still fill; the smallest box has more than that
-constexpr int LeastWarm = 10;       ///< openings
-constexpr int FirstOpenings = 60;   ///< of no account: what the program builds up once belongs to no window
+constexpr int LeastWarm = 10;      ///< openings
+constexpr int FirstOpenings = 60;  ///< of no account: what the program builds up once belongs to no window
 constexpr double MostResident = 1.01;
 constexpr int LeastForResident = 500; ///< openings; in fewer the resident memory tells nothing
 
