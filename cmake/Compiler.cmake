@@ -38,7 +38,8 @@ endif()
 if(TARVOLYNE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
                       -D_GLIBCXX_ASSERTIONS)
-  add_link_options(-fsanitize=address,undefined)
+  # lld links a test program in a tenth of the time.
+  add_link_options(-fsanitize=address,undefined -fuse-ld=lld)
 else()
   add_link_options(-Wl,-O1,--as-needed,-z,now,-z,relro)
   # What people install is hardened as the rest of their system: a fault ends the program before it can be used. The

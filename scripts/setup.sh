@@ -81,4 +81,4 @@ check_packages=(desktop-file-utils appstream lintian mandoc devscripts xdotool x
 # What the proof needs besides.
 # shellcheck disable=SC2034 # used by ./test
 test_packages=("${program_packages[@]}" "${display_packages[@]}" "${vm_packages[@]}" libgtest-dev
-    libbenchmark-dev clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 valgrind shellcheck)
+    libbenchmark-dev clang-14 lld libclang-rt-14-dev clang-format-14 clang-tidy-14 valgrind shellcheck)

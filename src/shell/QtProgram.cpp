@@ -31,7 +31,7 @@ std::string stateFolder()
 {
     const QString folder =
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/tarvolyne");
-    const std::string path = QFile::encodeName(folder).toStdString();
+    std::string path = QFile::encodeName(folder).toStdString();
     makeStateFolder(path);
     return path;
 }

@@ -150,7 +150,8 @@ void RowList::keyPressEvent(QKeyEvent* event)
         event->ignore();
         return;
     }
-    if (isStep(event->key()) && event->modifiers() == Qt::NoModifier && currentRow() <= 0 && chooseFirst())
+    const bool fromFirst = choosesRow(event->key()) && event->key() != Qt::Key_End && event->key() != Qt::Key_PageDown;
+    if (fromFirst && event->modifiers() == Qt::NoModifier && currentRow() <= 0 && chooseFirst())
         return;
     const int before = currentRow();
     QListWidget::keyPressEvent(event);

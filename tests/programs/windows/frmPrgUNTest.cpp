@@ -48,7 +48,7 @@ TEST_F(PrgWindow, listsOwnProgramsReferencesAndFreeRows)
     EXPECT_EQ(list(window)->rowText(9), "22  Own 9           ");
     EXPECT_EQ(list(window)->rowText(62), "87");
     EXPECT_EQ(list(window)->rowText(63), "88  Own 63          ");
-    EXPECT_EQ(list(window)->currentRow(), -1);
+    EXPECT_TRUE(list(window)->selectedItems().isEmpty());
     EXPECT_EQ(title(window), "File Prg - song.pgg (1) - MIDI Channel3");
     EXPECT_EQ(App.PrgUCount, 1);
     EXPECT_EQ(sent(), "");
