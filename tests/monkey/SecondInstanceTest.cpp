@@ -66,7 +66,7 @@ public:
     Started(const Started&) = delete;
     Started& operator=(const Started&) = delete;
 
-    /// The first thing that it showed: "main", or "box" and a text; empty after 30 seconds without any.
+    /// The first thing that it showed: "main", or "box" and a text; empty after two minutes without any.
     std::string shown() const
     {
         std::string line;
@@ -88,7 +88,7 @@ public:
 private:
     static bool eventually(const std::function<bool()>& done)
     {
-        constexpr int Tries = 6000;
+        constexpr int Tries = 24000;
         for (int each = 0; each < Tries; ++each) {
             if (done())
                 return true;
