@@ -50,7 +50,7 @@ row_spelling() {
     needs codespell:codespell shellcheck:shellcheck || return
     need_git || return
     # Italian is not codespell's, nor are the macros of manual pages; names in camelCase are no words.
-    git ls-files -z -- ':!LICENSE' ':!LICENSES' ':!data/Tarvolyne_GuidaUtente.txt' ':!packaging/man' ':!*.png' |
+    git ls-files -z -- ':!LICENSE' ':!LICENSES' ':!data/Tarvolyne_GuidaUtente.txt' ':!packaging/man' ':!tests/corpus' ':!*.png' |
         xargs -0 codespell -I .codespell-ignore --ignore-regex '\b[a-z]+[A-Z]\w*' || fault "misspelt"
     mapfile -t scripts < <(git grep -lE '^#!.*(ba)?sh|# shellcheck shell=' -- ':!*.md' ':!*.in')
     shellcheck -x "${scripts[@]}" || fault "shellcheck"

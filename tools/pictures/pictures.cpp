@@ -57,7 +57,7 @@ void beginHome()
 
 void end(int result)
 {
-    std::fflush(nullptr);
+    (void)std::fflush(nullptr);
     std::error_code ignored;
     fs::remove_all(order.home, ignored);
     std::_Exit(result);
@@ -123,7 +123,9 @@ int main(int argc, char** argv)
     order.pictures = QString::fromLocal8Bit(fs::absolute(argv[2]).c_str());
     order.language = std::string(argv[3]) == "it" ? 1 : 2;
     order.dark = std::string(argv[4]) == "dark";
-    order.fontPercent = argc > 5 ? std::atoi(argv[5]) : 100;
+    order.fontPercent = argc > 5 ? QByteArray(argv[5]).toInt() : 100; // 0 where it is no number
+    if (order.fontPercent <= 0)
+        return 2;
     Album album(order.pictures);
     order.album = &album;
     beginHome();
