@@ -38,6 +38,36 @@ protected:
         const std::string place = state.path() + "/Safety";
         return !std::filesystem::exists(place) || std::filesystem::is_empty(place);
     }
+
+    /// What a save left that met a failure.
+    struct MetSave {
+        FailedRun run;
+        std::string now;               ///< the file's bytes
+        bool inPlace = false;          ///< the file is still the old one, with other bytes or the same
+        std::vector<std::string> kept; ///< the bytes of each file in the state folder
+    };
+    /// Saves "second" over "first" as an ordinary user whose own the file is, since links are made of such alone.
+    MetSave saveThatMeets(const Failure& failure)
+    {
+        openToAll(folder.path());
+        const std::string path = folder.put("song.arr", "first");
+        chmod(path.c_str(), 0666);
+        EXPECT_TRUE(geteuid() != 0 || chown(path.c_str(), 65534, 65534) == 0);
+        const ino_t before = inodeOf(path);
+        const TemporaryFolder here;
+        openToAll(here.path());
+        App.StateDir = here.path();
+        MetSave met;
+        met.run = runWithFailure(failure, [&] { return replaceKeeping(path, "second") == 0 ? 0 : 1; });
+        App.StateDir = state.path();
+        met.now = folder.get("song.arr");
+        met.inPlace = inodeOf(path) == before;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(here.path()))
+            if (entry.is_regular_file())
+                met.kept.push_back(readAll(entry.path()));
+        std::filesystem::remove(path);
+        return met;
+    }
 };
 
 TEST_F(SafetyCopiesTest, whatIsReplacedIsKeptBelowTheStateFolderAtTheFilesOwnPath)
@@ -131,42 +161,48 @@ TEST_F(SafetyCopiesTest, whateverOneCallOfASaveMeetsACopyHoldsOldBytesAlone)
 {
     // Among the refused calls is the rename: the file is then written where it stands, and a copy that was the file
     // itself would show the new bytes.
-    openToAll(folder.path());
     int inPlace = 0, calls = 0, toldThoughNew = 0;
     bool reached = true;
     for (Failure failure{1, EPERM}; reached; ++failure.call) {
-        folder.put("song.arr", "first");
-        chmod(folder.file("song.arr").c_str(), 0666);
-        const bool ofNobody = geteuid() != 0 || chown(folder.file("song.arr").c_str(), 65534, 65534) == 0;
-        ASSERT_TRUE(ofNobody) << "a link is made of files of one's own";
-        const ino_t before = inodeOf(folder.file("song.arr"));
-        const TemporaryFolder here;
-        openToAll(here.path());
-        App.StateDir = here.path();
-        const FailedRun run =
-            runWithFailure(failure, [&] { return replaceKeeping(folder.file("song.arr"), "second") == 0 ? 0 : 1; });
-        ASSERT_TRUE(run.possible);
-        reached = run.reached;
+        const MetSave met = saveThatMeets(failure);
+        ASSERT_TRUE(met.run.possible);
+        reached = met.run.reached;
         calls += reached;
-        const std::string now = folder.get("song.arr");
         // One call comes behind the rename: the flush of the folder, whose failure is told though the new file stands.
-        toldThoughNew += run.result != 0 && now == "second";
-        EXPECT_TRUE(now == "second" || (run.result != 0 && now == "first")) << failure.call;
-        std::size_t kept = 0;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(here.path()))
-            if (entry.is_regular_file()) {
-                EXPECT_EQ(readAll(entry.path()), "first") << failure.call << " " << entry.path();
-                ++kept;
-            }
-        if (run.result == 0 && inodeOf(folder.file("song.arr")) == before) {
+        toldThoughNew += met.run.result != 0 && met.now == "second";
+        EXPECT_TRUE(met.now == "second" || (met.run.result != 0 && met.now == "first")) << failure.call;
+        for (const std::string& copy : met.kept)
+            EXPECT_EQ(copy, "first") << failure.call;
+        if (met.run.result == 0 && met.inPlace) {
             ++inPlace;
-            EXPECT_EQ(kept, 1u) << failure.call;
+            EXPECT_EQ(met.kept.size(), 1u) << failure.call;
         }
-        std::filesystem::remove(folder.file("song.arr"));
     }
     EXPECT_GE(inPlace, 1);
     EXPECT_EQ(toldThoughNew, 1);
     EXPECT_GT(calls, 15);
+}
+
+TEST_F(SafetyCopiesTest, whereACopyCannotGetBytesOfItsOwnTheOneThatIsTheFileItselfGoes)
+{
+    // The rename is refused, then one call behind it, among them those that give the copy its own bytes.
+    const CallTrace trace = saveThatMeets({.call = 0}).run.trace;
+    const auto rename =
+        std::find_if(trace.begin(), trace.end(), [](const TracedCall& call) { return call.deed == Deed::Rename; });
+    ASSERT_NE(rename, trace.end());
+    const int refused = static_cast<int>(rename - trace.begin()) + 1;
+    int withoutCopy = 0;
+    for (int second = refused + 1;; ++second) {
+        const MetSave met = saveThatMeets({refused, EPERM, false, second, ENOSPC});
+        ASSERT_TRUE(met.run.possible);
+        if (met.run.calls < second)
+            break;
+        EXPECT_TRUE(met.now == "second" || (met.run.result != 0 && met.now == "first")) << second;
+        for (const std::string& copy : met.kept)
+            EXPECT_EQ(copy, "first") << second;
+        withoutCopy += met.run.result == 0 && met.inPlace && met.kept.empty();
+    }
+    EXPECT_GE(withoutCopy, 4) << "opening, writing, flushing and renaming the copy's own bytes";
 }
 
 TEST_F(SafetyCopiesTest, whatIsDeletedIsKept)
