@@ -312,7 +312,9 @@ std::string FaultDesk::told(const WritePath& path, const std::vector<int>& error
             return std::string("the box says: ") + outcome_->words[box].data();
     if (outcome_->result != 0 && outcome_->boxes == 0 && path.telling != Telling::Nothing)
         return "a failure without a word";
-    if (!outcome_->untouched)
+    // After an error that trying again made good, the window is that of a saved file.
+    const bool madeGood = errors.size() > 1 && notSaved(path).empty();
+    if (!outcome_->untouched && !madeGood)
         return "a failure that changed the window";
     const std::string lacking = outcome_->result == 0 && !path.leavesOut ? notSaved(path) : std::string();
     return lacking.empty() ? std::string() : "a false success: " + lacking;

@@ -146,7 +146,9 @@ std::string GuiDesk::tryOne(const WritePath& path, const Failure& failure, bool 
     if (std::string broken = desk_.disk(path, fate); !broken.empty())
         return broken;
     if (!killed)
-        if (std::string broken = desk_.told(path, {failure.error, failure.secondError}); !broken.empty())
+        if (std::string broken =
+                pair ? desk_.told(path, {failure.error, failure.secondError}) : desk_.told(path, failure.error);
+            !broken.empty())
             return broken;
     if (!again)
         return {};
