@@ -9,6 +9,17 @@
 #include <string>
 #include <vector>
 
+// With sanitizers a process takes so long to copy that some of the calls must do; the other flavour takes each.
+#ifdef __has_feature
+#if __has_feature(address_sanitizer)
+#define TARVOLYNE_FAULT_STEP 31
+#endif
+#endif
+#ifndef TARVOLYNE_FAULT_STEP
+#define TARVOLYNE_FAULT_STEP 1
+#endif
+inline constexpr int FaultStep = TARVOLYNE_FAULT_STEP;
+
 /// What the user was told, and how the act ended.
 struct FaultOutcome {
     bool ended = false; ///< the act came to its end

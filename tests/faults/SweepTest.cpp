@@ -9,17 +9,7 @@
 namespace
 {
 
-// With sanitizers a run takes so long that some of the calls must do; the other flavour takes each.
-#ifdef __has_feature
-#if __has_feature(address_sanitizer)
-#define TARVOLYNE_SWEEP_STEP 9
-#endif
-#endif
-#ifndef TARVOLYNE_SWEEP_STEP
-#define TARVOLYNE_SWEEP_STEP 1
-#endif
-
-constexpr int Step = TARVOLYNE_SWEEP_STEP;
+constexpr int Step = FaultStep;
 
 /// The long runs take every byte and every pair.
 bool isLongRun() { return getenv("TARVOLYNE_LONG_RUN") != nullptr; }
@@ -187,7 +177,7 @@ TEST_P(Faults, aDiskThatFillsUpAtAnyByteLeavesTheOldFile)
         std::set<long long> rooms;
         for (long long room = 0; room < written; ++room)
             if (isLongRun() ||
-                ((room % Piece == 0 || room < Edge || written - room <= Edge) && (Step == 1 || room % 4 == 0)))
+                ((room % Piece == 0 || room < Edge || written - room <= Edge) && (Step == 1 || room % 2048 == 0)))
                 rooms.insert(room);
         for (const long long room : rooms) {
             const FailedRun run = desk.run(path, {0, ENOSPC, false, 0, 0, room});
