@@ -16,6 +16,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 
 namespace
@@ -220,8 +221,11 @@ void frmArrU::CommAdd_Click()
         return;
     }
     Timer[4]->setStage(StageTimer::Rest);
+    const QPointer<frmArrU> self(this);
     if (Arr.databaseAdd)
         Arr.databaseAdd(Tag);
+    if (!self) // closed while a box stood
+        return;
     entry().databaseId = DBArrLookup(Tag.path() + extensionOf(FileKind::Arr));
     if (const int row = selectedRow(); row >= 0 && !rowIsEmpty(row))
         showId(row);

@@ -309,7 +309,9 @@ void ChildWindow::contextMenuEvent(QContextMenuEvent* event)
 
 void ChildWindow::closeEvent(QCloseEvent* event)
 {
-    if (!agreed_ && !queryUnload()) {
+    // A press by key lets go of its button a moment later; a box that came up meanwhile may speak for this window.
+    const bool boxStands = QApplication::activeModalWidget() != nullptr;
+    if (!agreed_ && (boxStands || !queryUnload())) {
         event->ignore();
         return;
     }

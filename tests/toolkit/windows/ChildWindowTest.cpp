@@ -6,9 +6,11 @@
 #include "toolkit/Twips.h"
 
 #include <QContextMenuEvent>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMenu>
+#include <QPointer>
 #include <QTest>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
@@ -118,6 +120,24 @@ TEST_F(Children, closeWithoutAskingWhenTheyHaveAgreedBefore)
     EXPECT_EQ(child->asked, 0);
     EXPECT_EQ(child->unloads, 1);
     EXPECT_EQ(App.ArrUCount, 0);
+}
+
+TEST_F(Children, stayWhileABoxStands)
+{
+    auto* child = new Child;
+    const QPointer<Child> watched(child);
+    area.addSubWindow(child);
+    child->show();
+    QDialog box;
+    box.setModal(true);
+    box.show();
+    // Of a button worked by its letter the release comes a tenth of a second later.
+    EXPECT_FALSE(child->close());
+    EXPECT_EQ(child->asked, 0);
+    EXPECT_EQ(child->unloads, 0);
+    box.hide();
+    EXPECT_TRUE(child->close());
+    EXPECT_EQ(watched ? watched->asked : 1, 1);
 }
 
 TEST_F(Children, bringTheMenusUpToDateWhenTheyGoAndWhenTheyAreResized)
