@@ -66,14 +66,19 @@ public:
         const bool ownDescription = which == QAccessible::Description && widget()->accessibleDescription().isEmpty();
         return which == QAccessible::Value || ownDescription ? shown_() : QAccessibleWidget::text(which);
     }
-    QVariant currentValue() const override { return fader()->value(); }
-    void setCurrentValue(const QVariant& value) override { fader()->setValue(value.toInt()); }
-    QVariant maximumValue() const override { return fader()->maximum(); }
-    QVariant minimumValue() const override { return fader()->minimum(); }
-    QVariant minimumStepSize() const override { return fader()->singleStep(); }
+    QVariant currentValue() const override { return fader() ? fader()->value() : 0; }
+    void setCurrentValue(const QVariant& value) override
+    {
+        if (fader())
+            fader()->setValue(value.toInt());
+    }
+    QVariant maximumValue() const override { return fader() ? fader()->maximum() : 0; }
+    QVariant minimumValue() const override { return fader() ? fader()->minimum() : 0; }
+    QVariant minimumStepSize() const override { return fader() ? fader()->singleStep() : 0; }
 
 private:
-    QSlider* fader() const { return static_cast<QSlider*>(object()); }
+    /// None when the widget is about to go.
+    QSlider* fader() const { return qobject_cast<QSlider*>(object()); }
 
     const std::function<QString()> shown_;
 };
@@ -102,7 +107,9 @@ public:
     FaderDescription(QSlider* fader, std::function<QString()> shown) : Description(fader), shown_(std::move(shown)) {}
     QAccessibleInterface* make(QWidget* widget) const override
     {
-        return new SpokenFader(static_cast<QSlider*>(widget), shown_);
+        // Who asks while the fader goes finds what is left of it, which is none any more.
+        auto* fader = qobject_cast<QSlider*>(widget);
+        return fader != nullptr ? new SpokenFader(fader, shown_) : nullptr;
     }
 
 private:
