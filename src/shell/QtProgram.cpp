@@ -71,8 +71,7 @@ int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker
 int runInApplication(MidiService& service, const CompanionMaker& makeCompanion)
 {
     QApplication::setWindowIcon(programIcon());
-    if (const QPalette readable = Looks::readable(QApplication::palette()); readable != QApplication::palette())
-        QApplication::setPalette(readable);
+    Looks::useReadableAccent();
     // The end of the main window ends the program, whatever other window stands.
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -1,6 +1,8 @@
 // Measuring contrast, and moving colours until they have it.
 #include "toolkit/QtLooks.h"
 
+#include <QApplication>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QWidget>
 
@@ -37,6 +39,18 @@ QColor onTheWay(const QColor& from, const QColor& to, const QColor& ground, qrea
     return to;
 }
 
+/// The desktop's own style, which has the last word on its palette.
+class ReadableStyle final : public QProxyStyle
+{
+public:
+    using QProxyStyle::polish;
+    void polish(QPalette& palette) override
+    {
+        QProxyStyle::polish(palette);
+        palette = Looks::readable(palette);
+    }
+};
+
 } // namespace
 
 QFont Looks::listFont(const QWidget* window)
@@ -70,6 +84,8 @@ QPalette Looks::readable(QPalette palette)
     }
     return palette;
 }
+
+void Looks::useReadableAccent() { QApplication::setStyle(new ReadableStyle); }
 
 QPushButton* Looks::makeButton(QWidget* parent, const char* name, const QString& caption)
 {

@@ -49,7 +49,8 @@ void checkList(std::string_view image, const std::vector<Row>& rows)
     must(dbArrFolder(image) == trimmed(image.substr(26971, 250)), "the folder is the file's");
 }
 
-/// A find by number: the first record with it, none behind a number of 0.
+/// A find by number: the first record with it, none behind a number of 0, and none when its name would lead out of the
+/// folder or to no file at all.
 void checkFind(const std::vector<Row>& rows, std::string_view image, int id)
 {
     std::string expected;
@@ -58,7 +59,9 @@ void checkFind(const std::vector<Row>& rows, std::string_view image, int id)
         if (stored == 0)
             break;
         if (stored == id) {
-            expected = trimmed(image.substr(26971, 250)) + "/" + trimmed(image.substr(52 + 26 * slot, 24));
+            const std::string name = trimmed(image.substr(52 + 26 * slot, 24));
+            if (!name.empty() && name.find_first_of(std::string_view("/\0", 2)) == std::string::npos)
+                expected = trimmed(image.substr(26971, 250)) + "/" + name;
             break;
         }
     }

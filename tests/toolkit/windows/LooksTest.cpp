@@ -1,6 +1,7 @@
 // The colours and the type that windows share.
 #include "toolkit/QtLooks.h"
 
+#include <QApplication>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -48,6 +49,26 @@ TEST(Accent, standsOutFromADarkGround)
     const QColor ground(0x26, 0x28, 0x2C);
     for (const QColor& accent : {QColor(0x10, 0x20, 0x30), QColor(0x30, 0x8C, 0xC6), QColor(0xFF, 0xC0, 0x00)})
         EXPECT_GE(Looks::contrast(Looks::accentOn(withAccent(accent, Qt::white), ground), ground), 3.0);
+}
+
+/// The desktop's style for one test, the toolkit's plain one before and after.
+class StyledAccent : public testing::Test
+{
+protected:
+    StyledAccent() { Looks::useReadableAccent(); }
+    ~StyledAccent() override { QApplication::setStyle(QStringLiteral("fusion")); }
+};
+
+TEST_F(StyledAccent, isReadableAndOnePaletteIsSharedByAll)
+{
+    const QPalette all = QApplication::palette();
+    EXPECT_GE(Looks::contrast(all.color(QPalette::Active, QPalette::Highlight),
+                              all.color(QPalette::Active, QPalette::HighlightedText)),
+              4.5);
+    QWidget window;
+    const QWidget* inside = new QWidget(new QWidget(&window));
+    EXPECT_EQ(window.palette().cacheKey(), all.cacheKey());
+    EXPECT_EQ(inside->palette().cacheKey(), all.cacheKey());
 }
 
 TEST(ListType, isArialOfTenPointsAndFollowsLargerType)
