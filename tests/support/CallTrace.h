@@ -21,6 +21,8 @@ struct TracedCall {
     long answer = 0;
     char path[256] = {}; ///< the file, also where a descriptor named it
     char to[256] = {};   ///< the new name
+    long flags = 0;      ///< of an opening: O_EXCL and so on
+    long mode = 0;       ///< of a creating opening: the permission bits asked for
 };
 
 using CallTrace = std::vector<TracedCall>;
@@ -54,7 +56,11 @@ void describeCall(TracedCall& call, long number, const std::array<long, 5>& argu
     for (const Row& row : Rows) {
         if (row.number != number)
             continue;
-        call.deed = row.flags >= 0 && (argument(row.flags) & O_CREAT) != 0 ? Deed::Create : row.deed;
+        if (row.flags >= 0)
+            call.flags = argument(row.flags);
+        const bool creates = (call.flags & O_CREAT) != 0;
+        call.deed = creates ? Deed::Create : row.deed;
+        call.mode = creates ? argument(row.flags + 1) : 0;
         if (row.descriptor)
             pathOf(argument(row.path), call.path, sizeof call.path);
         else
