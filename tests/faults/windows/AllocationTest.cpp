@@ -48,21 +48,23 @@ void limitMemory(rlim_t more)
 struct Load {
     const char* name;
     std::vector<std::pair<const char*, int>> kinds; ///< extension and kind of each file of a round
-    int rounds;
 };
 
+/// Rounds of a load: files of the same kinds, one after the other, until eight of each stand open in a long run.
+int rounds() { return getenv("TARVOLYNE_LONG_RUN") != nullptr ? 8 : 3; }
+
 const Load Loads[] = {
-    {"arrangements with their companions", {{".arr", FileKind::Arr}}, 3},
-    {"styles", {{".sty", FileKind::Sty}}, 3},
-    {"programs", {{".prg", FileKind::Prg}}, 3},
-    {"globals", {{".gbl", FileKind::Gbl}}, 3},
-    {"all", {{".arr", FileKind::Arr}, {".sty", FileKind::Sty}, {".prg", FileKind::Prg}, {".gbl", FileKind::Gbl}}, 3},
+    {"arrangements with their companions", {{".arr", FileKind::Arr}}},
+    {"styles", {{".sty", FileKind::Sty}}},
+    {"programs", {{".prg", FileKind::Prg}}},
+    {"globals", {{".gbl", FileKind::Gbl}}},
+    {"all", {{".arr", FileKind::Arr}, {".sty", FileKind::Sty}, {".prg", FileKind::Prg}, {".gbl", FileKind::Gbl}}},
 };
 
 void openAll(frmMain& window, const Site& site, const Load& load)
 {
     constexpr rlim_t Spare = 16 * 1024 * 1024;
-    for (int round = 0; round < load.rounds; ++round) {
+    for (int round = 0; round < rounds(); ++round) {
         for (const auto& [extension, kind] : load.kinds)
             window.openPath(site.user() + "/song" + std::to_string(round) + extension, kind, false);
         QTest::qWait(round == 0 ? 200 : 5);
