@@ -10,6 +10,7 @@
 
 class QPushButton;
 class QString;
+class QTabWidget;
 class QWidget;
 
 namespace Looks
@@ -34,10 +35,14 @@ QColor accentOn(const QPalette& palette, const QColor& ground);
 /// The palette with an accent on which a selected row can be read; equal to `palette` where it can be already.
 QPalette readable(QPalette palette);
 
-/// Gives the palette that the desktop asks for, now and whenever it asks for another, a readable accent. All widgets go on
-/// sharing one palette: one set on the application by hand would be copied for each of them, and the toolkit would keep
-/// the drawings of every copy.
+/// Gives the palette that the desktop asks for, now and whenever it asks for another, a readable accent. All widgets go
+/// on sharing one palette: one set on the application by hand would be copied for each of them, and the toolkit would
+/// keep the drawings of every copy.
 void useReadableAccent();
+
+/// The pages of a window with very many controls, SSTab1, in type a little smaller than the desktop's; `content`, their
+/// parent, gets that type too.
+QTabWidget* makePages(QWidget* content);
 
 /// A button with its object name.
 QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption);
