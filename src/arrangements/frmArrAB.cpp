@@ -13,6 +13,7 @@
 #include "toolkit/QtLooks.h"
 #include "toolkit/RowList.h"
 
+#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>

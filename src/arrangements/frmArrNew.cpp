@@ -23,7 +23,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-frmArrNew::frmArrNew(int number) : ArrListWindow("frmArrNew", &AppState::ArrUCount)
+frmArrNew::frmArrNew(int number) : ArrFileWindow("frmArrNew", &AppState::ArrUCount)
 {
     const ScopedFlag filling{Arr.WindowFilling};
     Tag = ArrNewTagBuild(number);
@@ -115,65 +115,32 @@ void frmArrNew::List1_Click()
 {
     if (Arr.WindowFilling)
         return;
-    if (App.shell)
-        App.shell->MenuSync();
-    const int row = selectedRow();
-    if (row < 0 || rowIsEmpty(row)) {
-        forgetEndedLoad();
-        if (row >= 0) {
-            showStyleOf(row);
-            StatusNotice(ArrNotice::None, {});
-        }
+    const std::optional<RowClick> click = beginClick();
+    if (!click)
         return;
-    }
-    const int stage = TimerList1->Interval();
-    TimerList1->setStage(StageTimer::Rest);
-    if (stage == StageTimer::Rest && arrLoadWanted()) {
-        TimerList1->setStage(ArrStage::List1::AfterArrLoad);
-        CommLoadArr_Click();
-        return;
-    }
-    if (stage != ArrStage::List1::AfterStyLoad) {
+    if (click->stage != ArrStage::List1::AfterStyLoad) {
         if (App.DeviceMode != DeviceModes::ArrPlay)
             ModeArrPlay();
-        showStyleOf(row);
-        if (loadStyleFirst(row))
+        showStyleOf(click->row);
+        if (loadStyleFirst(click->row, App.AutoStyNewArr)) // a new file has a preference of its own for its styles
             return;
     }
-    showStyleOf(row); // also of another row that was clicked while styles went out
-    selectAndEndNotice(row);
+    showStyleOf(click->row); // also of another row that was clicked while styles went out
+    selectAndEndNotice(click->row);
 }
 
-void frmArrNew::forgetEndedLoad()
+void frmArrNew::showEmptyRow()
 {
-    // The row that waited for a load is no longer selected: nothing comes back for it.
-    if (TimerLoadArr->Interval() == StageTimer::Rest && TimerLoadSty->Interval() == StageTimer::Rest)
-        TimerList1->setStage(StageTimer::Rest);
-}
-
-bool frmArrNew::loadStyleFirst(int row)
-{
-    // A new file has a preference of its own for its styles.
-    if (!styLoadWanted(row, App.AutoStyNewArr))
-        return false;
-    TimerList1->setStage(ArrStage::List1::AfterStyLoad);
-    CommLoadSty_Click();
-    if (TimerLoadSty->Interval() != StageTimer::Rest)
-        return true;
-    TimerList1->setStage(StageTimer::Rest);
-    return false;
+    showStyleOf(-1);
+    StatusNotice(ArrNotice::None, {});
 }
 
 // The loads.
 
 void frmArrNew::CommLoadArr_Click()
 {
-    if (TimerLoadArr->Interval() == StageTimer::Rest) {
-        StatusNotice(ArrNotice::LoadingArr, {});
-        TimerLoadArr->setStage(ArrStage::LoadArr::Send);
-        TimerLoadArr->enable();
+    if (announceArrLoad())
         return;
-    }
     // Required: unlike the window on a file, this one changes no mode.
     MsgLogAdd("");
     sendArrangements();

@@ -2,12 +2,11 @@
 // programs and database.
 #pragma once
 
-#include "arrangements/QtArrListWindow.h"
-#include "toolkit/StageTimer.h"
+#include "arrangements/QtArrFileWindow.h"
 
 class QLabel;
 
-class frmArrNew final : public ArrListWindow
+class frmArrNew final : public ArrFileWindow
 {
 public:
     /// Number 1 to 8. The template with its records emptied stands in the hand-over buffer.
@@ -25,12 +24,12 @@ private:
     void enableByContent();
 
     void List1_Click();
-    void CommLoadArr_Click();
-    void CommLoadSty_Click();
+    void CommLoadArr_Click() override;
+    void CommLoadSty_Click() override;
+    void showEmptyRow() override;
+    const StageTimer& styleLoad() const override { return *TimerLoadSty; }
     void beginStyLoad();
     void finishStyLoad();
-    bool loadStyleFirst(int row);
-    void forgetEndedLoad();
 
     SessionEntry& entry() const;
 
@@ -39,8 +38,6 @@ private:
     QPushButton* CommLoadSty = nullptr;
     QPushButton* CommArrPlay = nullptr;
     QPushButton* CommClose = nullptr;
-    StageTimer* TimerList1 = nullptr;
-    StageTimer* TimerLoadArr = nullptr;
     StageTimer* TimerLoadSty = nullptr;
     StageTimer* Timer = nullptr;
 };

@@ -26,7 +26,7 @@ constexpr const char* LabelCaptions[] = {"ID", "Style", "Program"};
 
 } // namespace
 
-frmArrU::frmArrU(int slot) : ArrListWindow("frmArrU", &AppState::ArrUCount)
+frmArrU::frmArrU(int slot) : ArrFileWindow("frmArrU", &AppState::ArrUCount)
 {
     const ScopedFlag filling{filling_};
     Tag = ArrTagBuild(slot, App.Arrangements[static_cast<std::size_t>(slot - 1)]);

@@ -5,14 +5,13 @@
 // press becomes stages carried by timers whose Interval is the stage, so that the status line paints before a send.
 #pragma once
 
-#include "arrangements/QtArrListWindow.h"
+#include "arrangements/QtArrFileWindow.h"
 #include "toolkit/ControlArray.h"
-#include "toolkit/StageTimer.h"
 
 class QLabel;
 class QLayout;
 
-class frmArrU final : public ArrListWindow
+class frmArrU final : public ArrFileWindow
 {
 public:
     /// Slot 1 to 8. The file stands in the hand-over buffer, its path and place in App.Arrangements[slot - 1].
@@ -46,19 +45,18 @@ private:
     void CommAdd_Click();
     void showDetails(int row);
     void showId(int row);
-    void showEmptyRow();
+    void showEmptyRow() override;
     /// False when the editor holds an edit that could not be stored: it stays with it.
     [[nodiscard]] bool letEditFollow(int row);
     void enableEdit(bool enabled);
-    void forgetEndedLoad();
-    bool loadStyleFirst(int row);
 
     // Handle: the staged loads.
     void CommLoadAll_Click();
-    void CommLoadArr_Click();
-    void CommLoadSty_Click();
+    void CommLoadArr_Click() override;
+    void CommLoadSty_Click() override;
     void CommLoadPrg_Click();
     void finishArrLoad();
+    const StageTimer& styleLoad() const override { return *TimerTxSty[0]; }
     void beginStyLoad();
     void finishStyLoad();
     bool findProgramSource();
@@ -100,13 +98,11 @@ private:
     QPushButton* CommClose = nullptr;
 
     StageTimer* TimerLoadAll = nullptr;
-    StageTimer* TimerLoadArr = nullptr;
     StageTimer* TimerLoadPrg = nullptr;
     StageTimer* TimerLoadSty = nullptr;
     StageTimer* TimerShowPrg = nullptr;
     StageTimer* TimerShowSty = nullptr;
     StageTimer* TimerEditArr = nullptr;
-    StageTimer* TimerList1 = nullptr;
     StageTimer* TimerFindID = nullptr;
     StageTimer* TimerCaricaPrg = nullptr;
     StageTimer* TimerCaricaArr = nullptr; ///< carries nothing

@@ -30,27 +30,13 @@ void frmArrU::List1_Click()
 {
     if (filling_)
         return;
-    // Also for a row that was just deselected: the edit menu follows every change of the selection.
-    if (App.shell)
-        App.shell->MenuSync();
-    const int row = selectedRow();
-    if (row < 0 || rowIsEmpty(row)) {
-        forgetEndedLoad();
-        if (row >= 0)
-            showEmptyRow();
+    const std::optional<RowClick> click = beginClick();
+    if (!click)
         return;
-    }
-
-    const int stage = TimerList1->Interval();
-    TimerList1->setStage(StageTimer::Rest);
-    if (stage == StageTimer::Rest && arrLoadWanted()) {
-        TimerList1->setStage(ArrStage::List1::AfterArrLoad);
-        CommLoadArr_Click();
-        return;
-    }
+    const int row = click->row;
     if (!Arr.ArrEditOpen)
         enableEdit(true);
-    if (stage == ArrStage::List1::AfterStyLoad) {
+    if (click->stage == ArrStage::List1::AfterStyLoad) {
         // Also a click on another row while the styles go out ends here: the details and the editor must be that row's.
         if (Arr.ArrEditOpen && !editHoldsRow(image(), row))
             (void)letEditFollow(row);
@@ -62,30 +48,8 @@ void frmArrU::List1_Click()
     if (App.DeviceMode != DeviceModes::ArrPlay)
         ModeArrPlay();
     showDetails(row);
-    if (!loadStyleFirst(row))
+    if (!loadStyleFirst(row, App.AutoSty))
         selectAndEndNotice(row);
-}
-
-void frmArrU::forgetEndedLoad()
-{
-    // The row that waited for a load is no longer selected: once the load is over nothing comes back for it, and the
-    // next click is a fresh one.
-    if (TimerLoadArr->Interval() == StageTimer::Rest && TimerTxSty[0]->Interval() == StageTimer::Rest)
-        TimerList1->setStage(StageTimer::Rest);
-}
-
-bool frmArrU::loadStyleFirst(int row)
-{
-    if (!styLoadWanted(row, App.AutoSty))
-        return false;
-    TimerList1->setStage(ArrStage::List1::AfterStyLoad);
-    CommLoadSty_Click();
-    if (TimerTxSty[0]->Interval() != StageTimer::Rest)
-        return true;
-    // Without style data at hand, or while another window sends its styles, nothing would come back: the row is
-    // selected at once.
-    TimerList1->setStage(StageTimer::Rest);
-    return false;
 }
 
 bool frmArrU::letEditFollow(int row)

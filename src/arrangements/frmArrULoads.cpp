@@ -47,12 +47,8 @@ void frmArrU::CommLoadArr_Click()
     // Required: the question stands before the stage is read. A No leaves the edit as it is, so it is asked again on
     // the second pass, when the dump is about to go out without the changes.
     (void)askToStoreEdit(caption()); // a refused store leaves the edit where it is, as No does
-    if (TimerLoadArr->Interval() == StageTimer::Rest) {
-        StatusNotice(ArrNotice::LoadingArr, {});
-        TimerLoadArr->setStage(ArrStage::LoadArr::Send);
-        TimerLoadArr->enable();
+    if (announceArrLoad())
         return;
-    }
     ModeSongPlay();
     ModeArrPlay();
     MsgLogAdd("");

@@ -6,6 +6,7 @@
 #include "core/Words.h"
 #include "toolkit/Choices.h"
 #include "toolkit/QtKeyActions.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/QtPanelParts.h"
 #include "toolkit/QtSpoken.h"
 
@@ -37,7 +38,6 @@ constexpr int TempoLargeStep = 10;
 constexpr int SplitLargeStep = 10;
 constexpr int StyleCaption = 1; ///< the place of the style's label among the labels
 constexpr int StripsInARow = 3;
-constexpr int SmallestPointSize = 8;
 constexpr int MostPageWidth = 1200; ///< pixels from which on a page grows no wider
 
 constexpr int Gap = 4;
@@ -78,11 +78,7 @@ frmEditArr::frmEditArr() : ChildWindow("frmEditArr", &AppState::OtherCount)
 void frmEditArr::buildControls()
 {
     auto* content = new QWidget(this);
-    QFont font = content->font();
-    font.setPointSizeF(std::max<qreal>(SmallestPointSize, font.pointSizeF() * 0.9));
-    content->setFont(font);
-    SSTab1 = new QTabWidget(content);
-    SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    SSTab1 = Looks::makePages(content);
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(SSTab1);

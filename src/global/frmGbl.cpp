@@ -9,6 +9,7 @@
 #include "global/GblState.h"
 #include "midi/DeviceModes.h"
 #include "toolkit/Choices.h"
+#include "toolkit/QtLooks.h"
 #include "toolkit/QtPanelParts.h"
 #include "toolkit/QtSpoken.h"
 
@@ -33,7 +34,6 @@ constexpr const char* SecondScalePage = "User Scale 3, 4";
 
 constexpr TwipsSize DefaultSize{9072, 5640};
 constexpr int CloseRow = 8;
-constexpr int SmallestPointSize = 8;
 constexpr int LargeStep = 10;
 
 constexpr int Gap = 4;
@@ -83,11 +83,7 @@ frmGbl::frmGbl(int slot) : ChildWindow("frmGbl", &AppState::GblCount)
 void frmGbl::buildControls()
 {
     auto* content = new QWidget(this);
-    QFont font = content->font();
-    font.setPointSizeF(std::max<qreal>(SmallestPointSize, font.pointSizeF() * 0.9));
-    content->setFont(font);
-    SSTab1 = new QTabWidget(content);
-    SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    SSTab1 = Looks::makePages(content);
     ChoiceRows rows;
     buildGeneralPage(rows);
     buildScalePage(FirstScalePage, 0);

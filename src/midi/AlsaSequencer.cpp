@@ -49,6 +49,14 @@ snd_seq_addr_t alsaAddress(SeqAddress address)
     return {static_cast<unsigned char>(address.client), static_cast<unsigned char>(address.port)};
 }
 
+void describe(const WireInfo& wire, SeqAddress sender, SeqAddress receiver)
+{
+    const snd_seq_addr_t from = alsaAddress(sender);
+    const snd_seq_addr_t to = alsaAddress(receiver);
+    snd_seq_port_subscribe_set_sender(wire.get(), &from);
+    snd_seq_port_subscribe_set_dest(wire.get(), &to);
+}
+
 /// A card's folder is made anew at each plugging in, and its number is not given twice; a program has its process.
 std::int64_t birthOf(int card, const snd_seq_client_info_t* client)
 {
@@ -202,10 +210,7 @@ int AlsaSequencer::wire(SeqAddress sender, SeqAddress receiver, WireMark mark)
     if (!handle_)
         return -ENODEV;
     const WireInfo info;
-    const snd_seq_addr_t from = alsaAddress(sender);
-    const snd_seq_addr_t to = alsaAddress(receiver);
-    snd_seq_port_subscribe_set_sender(info.get(), &from);
-    snd_seq_port_subscribe_set_dest(info.get(), &to);
+    describe(info, sender, receiver);
     if (mark == WireMark::Ours)
         snd_seq_port_subscribe_set_queue(info.get(), MarkQueue);
     return snd_seq_subscribe_port(handle_->sequencer, info.get());
@@ -216,10 +221,7 @@ int AlsaSequencer::unwire(SeqAddress sender, SeqAddress receiver)
     if (!handle_)
         return -ENODEV;
     const WireInfo info;
-    const snd_seq_addr_t from = alsaAddress(sender);
-    const snd_seq_addr_t to = alsaAddress(receiver);
-    snd_seq_port_subscribe_set_sender(info.get(), &from);
-    snd_seq_port_subscribe_set_dest(info.get(), &to);
+    describe(info, sender, receiver);
     const ImpatientCall impatient;
     return snd_seq_unsubscribe_port(handle_->sequencer, info.get());
 }

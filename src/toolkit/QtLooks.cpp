@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QProxyStyle>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QWidget>
 
 #include <algorithm>
@@ -86,6 +87,18 @@ QPalette Looks::readable(QPalette palette)
 }
 
 void Looks::useReadableAccent() { QApplication::setStyle(new ReadableStyle); }
+
+QTabWidget* Looks::makePages(QWidget* content)
+{
+    constexpr qreal SmallestPointSize = 8;
+    constexpr qreal OfTheDesktops = 0.9;
+    QFont font = content->font();
+    font.setPointSizeF(std::max(SmallestPointSize, font.pointSizeF() * OfTheDesktops));
+    content->setFont(font);
+    auto* pages = new QTabWidget(content);
+    pages->setObjectName(QStringLiteral("SSTab1"));
+    return pages;
+}
 
 QPushButton* Looks::makeButton(QWidget* parent, const char* name, const QString& caption)
 {
