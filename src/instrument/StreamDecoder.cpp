@@ -67,19 +67,15 @@ void StreamDecoder::takeFrameStart()
 void StreamDecoder::takeFrameEnd()
 {
     tellStrayData();
-    if (!inFrame_) {
-        pending_.clear();
+    pending_ += byteText(FrameEnd);
+    if (!inFrame_) { // what it cuts is told with it
+        tell(MessageKind::Malformed, frameWasCut_ ? Fault::HighByteInside : Fault::StrayEnd, pending_);
         runningStatus_ = 0;
-        const ByteBuffer end = byteText(FrameEnd);
-        tell(MessageKind::Malformed, frameWasCut_ ? Fault::HighByteInside : Fault::StrayEnd, end);
         frameWasCut_ = false;
-        return;
-    }
-    inFrame_ = false;
-    if (!skipping_) {
-        pending_ += byteText(FrameEnd);
+    } else if (!skipping_) {
         tell(MessageKind::SysEx, Fault::None, pending_);
     }
+    inFrame_ = false;
     skipping_ = false;
     pending_.clear();
 }

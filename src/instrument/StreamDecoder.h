@@ -21,8 +21,8 @@ enum class MessageKind {
 enum class Fault {
     None,
     CutByStatus,       ///< a status byte came before the message or frame was complete
-    HighByteInside,    ///< the end of a frame that was cut: a byte of 0x80 or above stood in its middle
-    StrayEnd,          ///< the end of a frame without its start
+    HighByteInside,    ///< the end of a frame that was cut: a byte of 0x80 or above, told here, stood in its middle
+    StrayEnd,          ///< the end of a frame without its start, behind the message that it cut
     NoStatus,          ///< data bytes without a status
     TooLong,           ///< a frame that no memory of an instrument would take
     WrongManufacturer, ///< byte 1 is not 42

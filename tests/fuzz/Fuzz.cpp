@@ -53,6 +53,33 @@ std::string patched(std::string image, std::string_view patches, std::size_t ste
     return image;
 }
 
+std::string lengthened(std::string image, int byte)
+{
+    constexpr int Same = 128;
+    const int by = byte - Same;
+    image.resize(by < 0 && image.size() < static_cast<std::size_t>(-by) ? 0
+                                                                        : image.size() + static_cast<std::size_t>(by));
+    return image;
+}
+
+std::string trimmed(std::string_view text)
+{
+    while (!text.empty() && text.back() == ' ')
+        text.remove_suffix(1);
+    return std::string(text);
+}
+
+std::string capitals(std::string name)
+{
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        const int byte = at(name, i);
+        const bool accented = i > 0 && at(name, i - 1) == 0xC3 && byte >= 0xA0 && byte <= 0xBE && byte != 0xB7;
+        if ((byte >= 'a' && byte <= 'z') || accented)
+            name[i] = static_cast<char>(byte - 32);
+    }
+    return name;
+}
+
 BoxEnd CountingUser::warn(const std::string&, const std::string&)
 {
     ++warnings;

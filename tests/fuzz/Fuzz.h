@@ -52,6 +52,15 @@ private:
 /// the byte that stands there.
 std::string patched(std::string image, std::string_view patches, std::size_t step = 1);
 
+/// An image that is some bytes shorter or longer (by zeros) than it should be: -128 to 127 by a byte of the input.
+std::string lengthened(std::string image, int byte);
+
+/// Text without the blanks at its end.
+std::string trimmed(std::string_view text);
+
+/// As an alphabet tells them: a to z, and the accented letters of western Europe, C3 A0 to C3 BE but for C3 B7.
+std::string capitals(std::string name);
+
 /// The words that the user is told are only counted; every question is answered Yes.
 struct CountingUser final : UserInterface {
     int warnings = 0;

@@ -1,7 +1,7 @@
 // Arrangement files: read, laid into a window's buffer, shown, sent, saved.
 //
-// Input: a byte of choices, a row, then the file: patches on a valid one, or (choice 1) its bytes as they are. What
-// costs time is done where a choice asks for it.
+// Input: a byte of choices, a row, (choice 128) a byte of length, then the file: patches on a valid one, or (choice 1)
+// its bytes as they are. What costs time is done where a choice asks for it.
 #include "Fuzz.h"
 #include "Images.h"
 #include "Wire.h"
@@ -22,8 +22,8 @@ using namespace Fuzz;
 namespace
 {
 
-constexpr int Raw = 1, SendWanted = 0x20, ShowWanted = 0x40; ///< choices
-constexpr int SaveWanted = 0x1E;                             ///< by four bits together, since it is slowest
+constexpr int Raw = 1, SendWanted = 0x20, ShowWanted = 0x40, Odd = 0x80; ///< choices
+constexpr int SaveWanted = 0x1E;                                         ///< by four bits together, since it is slowest
 constexpr std::size_t Rows = 64, FirstRow = 32, RowSize = 164;
 
 int expectedResult(std::string_view file)
@@ -99,7 +99,9 @@ void fuzzOne(std::string_view input)
     Choices choices(input);
     const int how = choices.byte();
     const auto row = static_cast<std::size_t>(choices.byte()) % Rows;
-    const std::string file = (how & Raw) != 0 ? std::string(choices.rest()) : patched(valid, choices.rest());
+    const int length = (how & Odd) != 0 ? choices.byte() : 128;
+    const std::string file =
+        (how & Raw) != 0 ? std::string(choices.rest()) : lengthened(patched(valid, choices.rest()), length);
 
     disk.put(file);
     if (!beside.exists()) {

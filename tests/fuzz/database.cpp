@@ -1,7 +1,7 @@
 // TvlDBArr: the file in any state, looked up, listed, searched by number, and changed in memory.
 //
-// Input: a byte of choices, a length and a name, a number, then the file: patches on a valid one with 40 files, or
-// (choice 1) its bytes as they are.
+// Input: a byte of choices, a length and a name, a number, (choice 128) a byte of length, then the file: patches on a
+// valid one with 40 files, or (choice 1) its bytes as they are.
 #include "Fuzz.h"
 #include "Images.h"
 
@@ -14,15 +14,9 @@ using namespace Fuzz;
 namespace
 {
 
-constexpr int Raw = 1, Full = 0x1E; ///< choices; a full table is slow and so asked for by four bits together
+constexpr int Raw = 1, Odd = 0x80,
+              Full = 0x1E; ///< choices; a full table is slow and so asked for by four bits together
 constexpr const char* Folder = "/home/me/songs";
-
-std::string trimmed(std::string_view text)
-{
-    while (!text.empty() && text.back() == ' ')
-        text.remove_suffix(1);
-    return std::string(text);
-}
 
 struct Row {
     std::string name;
@@ -47,6 +41,23 @@ void checkList(std::string_view image, const std::vector<Row>& rows)
         must(shown[i + 2].id == rows[i].id && shown[i + 2].name == rows[i].name + ".arr",
              "a name and a number come back");
     must(dbArrFolder(image) == trimmed(image.substr(26971, 250)), "the folder is the file's");
+}
+
+/// The number of a file's path: the first record of its name, in letters large or small, where its folder is the
+/// table's.
+int expectedNumber(std::string_view image, const std::vector<Row>& rows, const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    if (path.substr(0, slash) != trimmed(image.substr(26971, 250)))
+        return 0;
+    std::string name = capitals(path.substr(slash + 1));
+    if (name.ends_with(".ARR"))
+        name.resize(name.size() - 4);
+    name = trimmed(name.substr(0, 24));
+    for (const Row& row : rows)
+        if (capitals(row.name) == name)
+            return row.id;
+    return 0;
 }
 
 /// A find by number: the first record with it, none behind a number of 0, and none when its name would lead out of the
@@ -109,9 +120,10 @@ void fuzzOne(std::string_view input)
     const int how = choices.byte();
     const std::string name(choices.text(static_cast<std::size_t>(choices.byte()) % 40));
     const int number = choices.word();
+    const int length = (how & Odd) != 0 ? choices.byte() : 128;
     std::string file((how & Raw) != 0 ? choices.rest() : std::string_view());
     if ((how & Raw) == 0)
-        file = patched((how & Full) == Full ? full : valid, choices.rest());
+        file = lengthened(patched((how & Full) == Full ? full : valid, choices.rest()), length);
     disk.put(file);
     desk().user = {};
     DBArr = {};
@@ -125,7 +137,8 @@ void fuzzOne(std::string_view input)
     must(disk.exists() == !file.empty(), "a file without a byte is deleted, no other");
     must(read.whole() == (marked && file.size() == 27221), "and is written back only when its length is right");
     must(read.bytes.size() == (marked ? 27221 : 0), "what is read has the full length");
-    const int id = DBArrLookup(std::string(Folder) + "/" + name);
+    const std::string path = std::string(Folder) + "/" + name;
+    const int id = DBArrLookup(path);
     if (!marked) {
         must(id == 0 && DBArr.DBArrBuffer.empty(), "nothing is found in what is no database");
         return;
@@ -134,10 +147,8 @@ void fuzzOne(std::string_view input)
     image.resize(27221, '\0');
     must(read.bytes == image, "with zeros behind a short file");
     const std::vector<Row> rows = rowsOf(image);
-    if (!rows.empty() && trimmed(image.substr(26971, 250)) == Folder && id != 0)
-        must(std::any_of(rows.begin(), rows.end(), [id](const Row& row) { return row.id == id; }),
-             "a number is a record's");
+    must(id == expectedNumber(image, rows, path), "a path has the number of its record");
     checkList(image, rows);
-    checkFind(rows, image, number % 1000);
+    checkFind(rows, image, (how & Odd) != 0 ? number : number % 1000);
     checkChange(image, rows, name, number / 64);
 }

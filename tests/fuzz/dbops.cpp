@@ -44,6 +44,15 @@ public:
                 return slot;
         return last;
     }
+    /// Counted from 3; 0 when no record has the number.
+    int slotOfId(int id) const
+    {
+        const std::size_t last = used();
+        for (std::size_t slot = 0; slot < last; ++slot)
+            if (idAt(slot) == id)
+                return static_cast<int>(slot) + 3;
+        return 0;
+    }
     int add(const std::string& name)
     {
         const std::size_t last = used(), found = slotOf(name);
@@ -78,26 +87,7 @@ public:
         bytes.replace(First + Size * slot, Size, std::string(1, '\0') + std::string(23, ' ') + std::string(2, '\0'));
     }
 
-    static std::string cut(std::string name)
-    {
-        name = name.substr(0, 24);
-        while (!name.empty() && name.back() == ' ')
-            name.pop_back();
-        return name;
-    }
-
-private:
-    /// As an alphabet tells them: a to z, and the accented letters of western Europe, C3 A0 to C3 BE but for C3 B7.
-    static std::string capitals(std::string name)
-    {
-        for (std::size_t i = 0; i < name.size(); ++i) {
-            const int byte = at(name, i);
-            const bool accented = i > 0 && at(name, i - 1) == 0xC3 && byte >= 0xA0 && byte <= 0xBE && byte != 0xB7;
-            if ((byte >= 'a' && byte <= 'z') || accented)
-                name[i] = static_cast<char>(byte - 32);
-        }
-        return name;
-    }
+    static std::string cut(const std::string& name) { return trimmed(name.substr(0, 24)); }
 };
 
 /// In an image that was sound from the start: sorted, without gaps, each number once and taken.
@@ -164,6 +154,8 @@ void fuzzOne(std::string_view input)
             must(added == (table.bytes() != before), "and tells whether it changed anything");
         } else if (what == 2) {
             const int slot = which == 2 ? choices.word() % 1010 : choices.byte() % 48;
+            const int id = slot >= 3 && slot - 3 < table.used() ? table.idAt(slot) : slot;
+            must(table.slotOfId(id) == model.slotOfId(id), "a number has its first slot");
             table.remove(slot);
             if (slot >= 3)
                 model.remove(static_cast<std::size_t>(slot - 3));

@@ -1,7 +1,7 @@
 // Global files: read, shown and edited field by field, sent, saved.
 //
-// Input: a byte of choices, a field, a position (16 bits), an index, then the file: patches on a valid one, or (choice
-// 1) its bytes as they are.
+// Input: a byte of choices, a field, a position (16 bits), an index, (choice 128) a byte of length, then the file:
+// patches on a valid one, or (choice 1) its bytes as they are.
 #include "Fuzz.h"
 #include "Images.h"
 #include "Wire.h"
@@ -18,8 +18,8 @@ using namespace Fuzz;
 namespace
 {
 
-constexpr int Raw = 1, ShowWanted = 0x40; ///< choices
-constexpr int SaveWanted = 0x3E;          ///< by five bits together, since it is slowest
+constexpr int Raw = 1, ShowWanted = 0x40, Odd = 0x80; ///< choices
+constexpr int SaveWanted = 0x3E;                      ///< by five bits together, since it is slowest
 
 int expectedResult(std::string_view file)
 {
@@ -77,7 +77,9 @@ void fuzzOne(std::string_view input)
     const auto field = static_cast<GblField>(choices.byte() % static_cast<int>(GblField::Count));
     const int position = choices.word() % 600 - 300;
     const int index = choices.byte() % 56 - 4;
-    const std::string file = (how & Raw) != 0 ? std::string(choices.rest()) : patched(valid, choices.rest());
+    const int length = (how & Odd) != 0 ? choices.byte() : 128;
+    const std::string file =
+        (how & Raw) != 0 ? std::string(choices.rest()) : lengthened(patched(valid, choices.rest()), length);
     disk.put(file);
     desk().user = {};
     Files.GblBuffer = "kept";

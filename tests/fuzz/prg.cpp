@@ -1,6 +1,7 @@
 // Program files, .prg and .pgg: read by name and by stem, laid into a window's buffer, shown, selected, sent, saved.
 //
-// Input: a byte of choices, a row, then the file: patches on a valid one, or (choice 1) its bytes as they are.
+// Input: a byte of choices, a row, (choice 144) a byte of length, then the file: patches on a valid one, or (choice 1)
+// its bytes as they are.
 #include "Fuzz.h"
 #include "Images.h"
 #include "Wire.h"
@@ -22,6 +23,7 @@ namespace
 
 constexpr int Raw = 1, References = 2, ByStem = 4, SendWanted = 8; ///< choices
 constexpr int SaveWanted = 0xF0;                                   ///< by four bits together, since it is slowest
+constexpr int Odd = 0x90;                                          ///< alone among them
 constexpr std::size_t Records = 48, RecordSize = 172;
 
 bool headIs(std::string_view file, const char* letters)
@@ -112,8 +114,9 @@ void fuzzOne(std::string_view input)
     const int how = choices.byte();
     const auto row = static_cast<std::size_t>(choices.byte()) % 64;
     const bool reference = (how & References) != 0;
-    const std::string file =
-        (how & Raw) != 0 ? std::string(choices.rest()) : patched(valid[reference ? 1 : 0], choices.rest());
+    const int length = (how & SaveWanted) == Odd ? choices.byte() : 128;
+    const std::string file = (how & Raw) != 0 ? std::string(choices.rest())
+                                              : lengthened(patched(valid[reference ? 1 : 0], choices.rest()), length);
     DeskFile& disk = reference ? referring : ordinary;
     (reference ? ordinary : referring).remove();
     disk.put(file);

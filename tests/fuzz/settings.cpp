@@ -1,18 +1,22 @@
 // Tarvolyne.ini: 46 records of 250 bytes, between the file and the settings in memory.
 //
-// Input: a byte of choices, then the file: patches on a valid one, or (choice 1) its bytes as they are.
+// Input: a byte of choices, (choice 128) a byte of length, then the file: patches on a valid one, or (choice 1) its
+// bytes as they are.
 #include "Fuzz.h"
 #include "Images.h"
 
 #include "core/Dichiarazioni.h"
 #include "core/Settings.h"
 
+#include <algorithm>
+#include <iterator>
+
 using namespace Fuzz;
 
 namespace
 {
 
-constexpr int Raw = 1;
+constexpr int Raw = 1, Odd = 0x80; ///< choices
 constexpr std::size_t RecordSize = 250, FileSize = 11500;
 
 /// A record's first byte in the file, records counted from 1.
@@ -65,6 +69,83 @@ void checkRanges(const Settings& read)
     must(read.GblCurrent.size() == (read.GlobalValid ? 448 : 0), "a global block is whole or not there");
 }
 
+// By the file's tables, from the bytes.
+
+int bigAt(std::string_view image, std::size_t place) { return at(image, place) * 256 + at(image, place + 1); }
+int placeAt(std::string_view image, std::size_t place) { return std::min(bigAt(image, place) - 16000, 16000); }
+int lengthAt(std::string_view image, std::size_t place) { return std::min(bigAt(image, place), 32767); }
+
+std::string pathAt(std::string_view image, std::size_t place)
+{
+    const std::string_view field = part(image, place, 238);
+    return trimmed(field.substr(0, field.find('\0')));
+}
+
+bool isEntry(const SessionEntry& entry, std::string_view image, std::size_t number)
+{
+    const std::size_t place = record(number);
+    return entry.path == pathAt(image, place) && entry.width == lengthAt(image, place + 238) &&
+           entry.Open == at(image, place + 240) && entry.left == placeAt(image, place + 242) &&
+           entry.top == placeAt(image, place + 244) && entry.readOnly == (at(image, place + 246) != 0) &&
+           entry.height == lengthAt(image, place + 248);
+}
+
+bool isRow(const WindowPosition& row, std::string_view image, std::size_t number)
+{
+    const std::size_t place = 50 + 9 * (number - 1);
+    const int flags = at(image, place + 8);
+    const bool closed = number == 13 || number == 14 || number == 17 || number == 18;
+    const bool withChannel = number >= 4 && number <= 10;
+    return row.left == placeAt(image, place) && row.top == placeAt(image, place + 2) &&
+           row.width == lengthAt(image, place + 4) && row.height == lengthAt(image, place + 6) &&
+           row.Open == (closed        ? 0
+                        : withChannel ? flags % 16
+                                      : flags) &&
+           row.Extra == (withChannel ? flags / 16 : 0);
+}
+
+void checkFirstRecord(const Settings& read, std::string_view image)
+{
+    const bool flags[] = {read.SettingSpare1, read.SettingSpare2, read.AutoStyNewArr, read.AutoSty,
+                          read.StyleOption,   read.AutoPrg,       read.AutoDBArr,     read.StatusBar,
+                          read.AutoArr,       read.ThruOn,        read.GlobalValid};
+    constexpr std::size_t Places[] = {17, 18, 19, 20, 21, 22, 25, 26, 27, 45, 48};
+    for (std::size_t i = 0; i < std::size(Places); ++i)
+        must(flags[i] == (at(image, Places[i]) != 0), "a check mark is its byte");
+    must(read.ReadOnlyOpen == (at(image, 16) == 1), "one check mark is set by 1 alone");
+    must(read.Language == at(image, 24) && read.DeviceMode == at(image, 46), "language and mode are their bytes");
+    must(read.GlobalChannel == (at(image, 213) < 16 ? at(image, 213) : 0), "the global channel is its byte");
+    for (std::size_t i = 0; i < 16; ++i)
+        must(read.KeyboardState[i] == at(image, 29 + i), "the keyboard's state is its bytes");
+    for (std::size_t i = 0; i < 10; ++i)
+        must(read.TrackChannels[i] == at(image, 214 + i), "the channels are their bytes");
+    for (std::size_t row = 1; row <= 18; ++row)
+        must(isRow(read.WinPos[row], image, row), "a window's place is its row");
+}
+
+void checkRead(const Settings& read, std::string_view image)
+{
+    checkFirstRecord(read, image);
+    must(read.LastDirFiles == pathAt(image, record(2)) && read.LastDirPrg == pathAt(image, record(3)), "two folders");
+    for (std::size_t i = 0; i < 8; ++i) {
+        const SessionEntry& program = read.Programs[i];
+        must(isEntry(program, image, 5 + i) && program.kind == at(image, record(5 + i) + 241) &&
+                 program.programType == (at(image, record(5 + i) + 247) != 0 ? 1 : 0),
+             "a program window is its record");
+        must(read.Programs[8 + i].path.empty(), "eight of the sixteen are read");
+        must(isEntry(read.Arrangements[i], image, 21 + i), "an arrangement window is its record");
+        const int kind = at(image, record(39 + i) + 241);
+        const std::string path = kind >= 1 && kind <= 5 ? pathAt(image, record(39 + i)) : std::string();
+        const RecentEntry& recent = read.Recent[i];
+        must(recent.path == path && recent.kind == (path.empty() ? 0 : kind) &&
+                 recent.readOnly == (!path.empty() && at(image, record(39 + i) + 246) != 0),
+             "a recent file is its record");
+    }
+    if (read.GlobalValid)
+        for (std::size_t i = 0; i < 448; ++i)
+            must(valueOf(read.GblCurrent[i]) == at(image, record(37) + i), "the global block is its record");
+}
+
 /// What the program does not name is written back as it was.
 void checkRest(const std::string& image, const std::string& written)
 {
@@ -84,7 +165,9 @@ void fuzzOne(std::string_view input)
     desk();
     Choices choices(input);
     const int how = choices.byte();
-    const std::string image = (how & Raw) != 0 ? std::string(choices.rest()) : patched(valid, choices.rest());
+    const int length = (how & Odd) != 0 ? choices.byte() : 128;
+    const std::string image =
+        (how & Raw) != 0 ? std::string(choices.rest()) : lengthened(patched(valid, choices.rest()), length);
 
     Settings read;
     read.LastDirFiles = "kept";
@@ -96,6 +179,7 @@ void fuzzOne(std::string_view input)
         return;
     }
     checkRanges(read);
+    checkRead(read, image);
     const std::string written = SettingsFile::encode(read, image);
     checkRest(image, written);
     Settings again;

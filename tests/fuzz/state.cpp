@@ -1,6 +1,7 @@
 // The two small records of the state folder: TvlCMInfo (the names last sent) and Dornflex (the shared device record).
 //
-// Input: a byte of choices, a length and a name, then the record: patches on a valid one, or (choice 1) its bytes.
+// Input: a byte of choices, a length, (choice 128) how odd the record's length is, a name, then the record: patches on
+// a valid one, or (choice 1) its bytes.
 #include "Fuzz.h"
 #include "Images.h"
 
@@ -12,16 +13,13 @@ using namespace Fuzz;
 namespace
 {
 
-constexpr int Raw = 1, OfDevice = 2, WriteWanted = 0x1C; ///< choices
+constexpr int Raw = 1, OfDevice = 2, WriteWanted = 0x1C, Odd = 0x80; ///< choices
 
 /// A name's field: up to its first NUL, without blanks at its end.
 std::string nameAt(std::string_view record, std::size_t offset)
 {
-    std::string name(part(record, offset, 50));
-    name = name.substr(0, name.find('\0'));
-    while (!name.empty() && name.back() == ' ')
-        name.pop_back();
-    return name;
+    const std::string_view name = part(record, offset, 50);
+    return trimmed(name.substr(0, name.find('\0')));
 }
 
 void checkInfo(DeskFile& disk, const std::string& file, std::string_view name, bool write)
@@ -41,9 +39,7 @@ void checkInfo(DeskFile& disk, const std::string& file, std::string_view name, b
         return;
     std::string expected = file.substr(0, 1000);
     expected.resize(1000, '\0');
-    std::string kept(name.substr(0, 24));
-    while (!kept.empty() && kept.back() == ' ')
-        kept.pop_back();
+    const std::string kept = trimmed(name.substr(0, 24));
     must(disk.get() == expected.replace(150, 50, Images::wide(kept, 50)), "one field changes, and nothing else");
     must(App.InfoPrg == kept && App.InfoArr == before, "and that is the name in memory");
 }
@@ -82,12 +78,16 @@ void fuzzOne(std::string_view input)
     const int how = choices.byte();
     const int length = choices.byte();
     const bool raw = (how & Raw) != 0, write = (how & WriteWanted) == WriteWanted;
+    const int odd = (how & Odd) != 0 ? choices.byte() : 128;
     desk().user = {};
+    const auto record = [&](const std::string& valid) {
+        return raw ? std::string(choices.rest()) : lengthened(patched(valid, choices.rest()), odd);
+    };
     if ((how & OfDevice) != 0) {
-        checkDevice(device, raw ? std::string(choices.rest()) : patched(validDevice, choices.rest()), length, write);
+        checkDevice(device, record(validDevice), length, write);
         return;
     }
     const std::string_view name = choices.text(static_cast<std::size_t>(length) % 40);
-    checkInfo(info, raw ? std::string(choices.rest()) : patched(validInfo, choices.rest()), name, write);
+    checkInfo(info, record(validInfo), name, write);
     must(desk().user.all() == 0, "nothing is told");
 }

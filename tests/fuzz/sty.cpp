@@ -38,10 +38,7 @@ std::size_t placeOfSlot(std::string_view file, std::size_t slot)
 }
 std::string nameOfSlot(std::string_view file, std::size_t slot)
 {
-    std::string name(part(file, placeOfSlot(file, slot), 16));
-    while (!name.empty() && name.back() == ' ')
-        name.pop_back();
-    return name;
+    return trimmed(part(file, placeOfSlot(file, slot), 16));
 }
 
 /// The catalogue, by the rules' own steps.

@@ -114,7 +114,7 @@ TEST(StreamDecoder, showsAFrameCutByAnotherStatus)
 TEST(StreamDecoder, showsAHighByteInsideAFrameWhenTheFramesEndComes)
 {
     EXPECT_EQ(heard("F0 42 30 4D 64 90 10 F7 C0 05"),
-              (Lines{"malformed(cut) F0 42 30 4D 64", "malformed(high byte) F7", "channel C0 05"}));
+              (Lines{"malformed(cut) F0 42 30 4D 64", "malformed(high byte) 90 10 F7", "channel C0 05"}));
     // A new frame forgets that the one before was cut.
     EXPECT_EQ(heard("F0 42 C0 05 F0 42 F7 F7"),
               (Lines{"malformed(cut) F0 42", "channel C0 05", "sysex F0 42 F7", "malformed(stray end) F7"}));
@@ -123,6 +123,8 @@ TEST(StreamDecoder, showsAHighByteInsideAFrameWhenTheFramesEndComes)
 TEST(StreamDecoder, showsAnEndWithoutAStart)
 {
     EXPECT_EQ(heard("F7"), (Lines{"malformed(stray end) F7"}));
+    EXPECT_EQ(heard("90 3C F7"), (Lines{"malformed(stray end) 90 3C F7"})) << "what it cuts is told with it";
+    EXPECT_EQ(heard("F2 01 F7 02"), (Lines{"malformed(stray end) F2 01 F7", "malformed(no status) 02"}));
     EXPECT_EQ(heard("90 3C 40 F7 3C 40"),
               (Lines{"channel 90 3C 40", "malformed(stray end) F7", "malformed(no status) 3C 40"}));
 }
