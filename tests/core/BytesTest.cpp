@@ -1,3 +1,4 @@
+// The one door to the bytes: reading and writing inside a buffer and outside of it, fields of text, both byte orders.
 #include "core/Bytes.h"
 
 #include "support/Hex.h"

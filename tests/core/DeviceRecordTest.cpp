@@ -1,3 +1,4 @@
+// The record by which several programs share the instrument: its fields, its life on the disk, its errors.
 #include "core/StateFiles.h"
 
 #include "support/CoreRun.h"

@@ -1,3 +1,4 @@
+// Replacing a whole file: what stands on the disk before, between and after, for links, owners, modes and odd folders.
 #include "core/RandomFile.h"
 
 #include "support/CoreRun.h"

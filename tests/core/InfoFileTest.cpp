@@ -1,3 +1,4 @@
+// The file that remembers what the instrument was last sent.
 #include "core/StateFiles.h"
 
 #include "support/CoreRun.h"

@@ -1,3 +1,4 @@
+// The lock by which a second start of the program finds the first.
 #include "core/InstanceLock.h"
 
 #include "support/OtherUser.h"

@@ -1,3 +1,4 @@
+// The instrument's own names: programs, drum kits, styles, effects, pedals.
 #include "core/NameTables.h"
 
 #include <algorithm>

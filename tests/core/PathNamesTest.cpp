@@ -1,3 +1,4 @@
+// Paths taken apart: folder, name, stem, extension and kind of a file, and what fits into a field.
 #include "core/PathNames.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Files of records: the numbered errors, reading within a limit, finding a name in another case, writing.
 #include "core/RandomFile.h"
 
 #include "support/Hex.h"

@@ -1,3 +1,4 @@
+// What the user is told and asked: errors, questions, the status line, in both languages; the statement tried again.
 #include "core/Reports.h"
 
 #include "core/RandomFile.h"

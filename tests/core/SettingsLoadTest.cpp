@@ -1,3 +1,4 @@
+// The settings at a start: the first one, the second, and one after each kind of damage.
 #include "core/Settings.h"
 
 #include "core/NameTables.h"

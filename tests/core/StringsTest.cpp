@@ -1,3 +1,4 @@
+// The table of the program's words: whole, the same in both languages, letter by letter as users know it.
 #include "core/Strings.h"
 #include "core/Words.h"
 
@@ -119,4 +120,10 @@ TEST(WithArgument, replacesTheFirstPlaceholderOnly)
     EXPECT_EQ(withArgument("_", "_y_"), "_y_");
     EXPECT_EQ(withArgument("none", "x"), "none");
     EXPECT_EQ(withArgument("File _ assente", ""), "File  assente");
+}
+
+TEST(FixedTitles, standAsTheyAre)
+{
+    EXPECT_STREQ(ApplicationTitle, "Tarvolyne - Tarvolyne Console ");
+    EXPECT_STREQ(ApplicationName, "Tarvolyne");
 }

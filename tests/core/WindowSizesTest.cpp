@@ -1,7 +1,6 @@
+// The sizes in which windows open at first, in twips.
 #include "core/Dichiarazioni.h"
 
-#include "core/FieldTarget.h"
-#include "core/ScopedFlag.h"
 #include "support/CoreRun.h"
 #include <gtest/gtest.h>
 
@@ -44,41 +43,4 @@ TEST(DefaultWindowSize, isNothingForOtherKinds)
         EXPECT_EQ(defaultWindowSize(kind).width, 0) << kind;
         EXPECT_EQ(defaultWindowSize(kind).height, 0) << kind;
     }
-}
-
-TEST(FixedTitles, standAsTheyAre)
-{
-    EXPECT_STREQ(ApplicationTitle, "Tarvolyne - Tarvolyne Console ");
-    EXPECT_STREQ(ApplicationName, "Tarvolyne");
-}
-
-TEST(ScopedFlag, isSetInItsScopeAndRestoredBehindIt)
-{
-    bool flag = false;
-    {
-        const ScopedFlag outer(flag);
-        EXPECT_TRUE(flag);
-        {
-            const ScopedFlag inner(flag);
-            EXPECT_TRUE(flag);
-        }
-        EXPECT_TRUE(flag) << "the outer scope still holds it";
-    }
-    EXPECT_FALSE(flag);
-}
-
-TEST(FieldTarget, isTheOneSetLast)
-{
-    struct Editor : FieldTarget {
-        bool PrgFieldSelected() const override { return true; }
-        bool StyFieldSelected() const override { return false; }
-        int highlightedTrack() const override { return 3; }
-        void assignProgram(int, int, const std::string&, const std::string&) override {}
-        void assignStyle(int, int, const std::string&, const std::string&) override {}
-    } editor;
-    EXPECT_EQ(fieldTarget(), nullptr);
-    setFieldTarget(&editor);
-    EXPECT_EQ(fieldTarget(), &editor);
-    setFieldTarget(nullptr);
-    EXPECT_EQ(fieldTarget(), nullptr);
 }

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Holds the house to its plan: which room may include which, no Qt header in a logic file, no .cpp over 500 lines, no
-# Q_OBJECT in the program. Takes the project's folder; prints each break of a rule and fails if there is one.
+# Holds the house to its plan: which room may include which, no Qt header in a logic file, no file over 500 lines, no
+# function over 60, a subject at the top of each, no Q_OBJECT in the program. Takes the project's folder; prints each
+# break of a rule and fails if there is one.
 set -euo pipefail
 cd "$1"
 mapfile -t files < <(find src tests tools bench fuzz \( -name '*.cpp' -o -name '*.h' \) 2>/dev/null | sort)
@@ -27,6 +28,11 @@ function isWindow(path,    name) {
     return path ~ /^src\/(toolkit|app)\// || name ~ /^(frm.*|Qt.*|.*Widget|.*Strip|.*View)\.(h|cpp)$/
 }
 
+function endFile() {
+    if (lastLine > 500) { print lastFile ": " lastLine " lines, the limit is 500"; bad = 1 }
+    delete bodyFrom
+}
+
 BEGIN {
     count = split(floors, lines, "\n")
     for (i = 1; i <= count; i++) {
@@ -36,8 +42,9 @@ BEGIN {
 }
 
 FNR == 1 {
-    if (lastFile ~ /\.cpp$/ && lastLine > 500) { print lastFile ": " lastLine " lines, the limit is 500"; bad = 1 }
+    if (lastFile != "") endFile()
     lastFile = FILENAME
+    if ($0 !~ /^\/\/ ?[^ ]/) complain("its first line does not tell its subject")
     room = FILENAME
     sub(/^src\//, "", room)
     sub(/\/.*$/, "", room)
@@ -46,6 +53,16 @@ FNR == 1 {
 }
 
 { lastLine = FNR }
+
+# The body of a function is opened by a brace of its own line behind the end of its head, and closed at the same margin.
+/^ *[{]$/ && before ~ /([)}]| const| noexcept| override| final|-> [^ ]+)$/ { bodyFrom[index($0, "{")] = FNR }
+/^ *[}]/ {
+    margin = index($0, "}")
+    if (margin in bodyFrom && FNR - bodyFrom[margin] - 1 > 60)
+        complain("a function of " FNR - bodyFrom[margin] - 1 " lines, the limit is 60")
+    delete bodyFrom[margin]
+}
+{ before = $0 }
 !program { next }
 
 /^[ \t]*#[ \t]*include[ \t]*</ && !isWindow(FILENAME) {
@@ -67,6 +84,6 @@ FNR == 1 {
 /^[ \t]*Q_OBJECT/ { complain("no Q_OBJECT: connect to lambdas, use callbacks") }
 
 END {
-    if (lastFile ~ /\.cpp$/ && lastLine > 500) { print lastFile ": " lastLine " lines, the limit is 500"; bad = 1 }
+    endFile()
     exit bad
 }' "${files[@]}"

@@ -1,3 +1,4 @@
+// The modes of the instrument and the message of one changed parameter: bytes, label, log, and their order.
 #include "MidiRoom.h"
 
 #include "midi/DeviceModes.h"

@@ -1,3 +1,4 @@
+// What the message monitor is given of each message.
 #include "MidiRoom.h"
 
 class MsgLogRule : public MidiRoom

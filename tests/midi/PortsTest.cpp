@@ -1,3 +1,4 @@
+// Opening, joining and closing the ports: which calls reach the service, what is answered and what is told.
 #include "MidiRoom.h"
 
 #include "midi/MidiService.h"

@@ -1,3 +1,4 @@
+// The frame of a message and the packing of seven bytes into eight.
 #include "MidiRoom.h"
 
 #include "midi/SysEx.h"

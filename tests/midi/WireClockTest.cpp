@@ -1,3 +1,4 @@
+// The clock of the cable, by which long messages go out no faster than 31250 baud carry them.
 #include "midi/WireClock.h"
 
 #include <csignal>

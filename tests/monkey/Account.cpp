@@ -1,3 +1,4 @@
+// The words are put together before anything happens: signals and the sanitizers' own callback find them ready.
 #include "monkey/Account.h"
 
 #include <csignal>

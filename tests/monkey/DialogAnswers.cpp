@@ -1,3 +1,4 @@
+// By chance among all that a dialog offers; dismissed where nothing else is wanted of it.
 #include "monkey/DialogAnswers.h"
 
 #include "monkey/Hands.h"

@@ -1,3 +1,4 @@
+// The events are marked as the window system's own, so that the toolkit treats them as a user's.
 #include "monkey/Hands.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// Songs of every kind, odd and damaged ones among them; what the program leaves behind is judged against its formats.
 #include "monkey/World.h"
 
 #include "arrangements/ArrEdit.h"

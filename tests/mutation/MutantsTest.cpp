@@ -1,3 +1,4 @@
+// The bugs that are planted: each is one small change, and none stands where it could not matter.
 #include "Mutants.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The shapes of the program's picture, for the eye's sake: whole pixels, nothing beside the plate, both sides alike.
 #include "shell/ProgramIconShapes.h"
 
 #include <cmath>
