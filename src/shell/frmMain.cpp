@@ -21,6 +21,7 @@
 #include <QAction>
 #include <QGuiApplication>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
 #include <QVBoxLayout>
