@@ -16,7 +16,7 @@
 namespace
 {
 
-constexpr int ShownAfter = 500; ///< milliseconds until the window manager has placed everything
+constexpr int ShownAfter = 1000; ///< milliseconds until the window manager has placed everything
 
 class TellingService final : public SilentService
 {
