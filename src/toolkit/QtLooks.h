@@ -38,7 +38,7 @@ QPalette readable(QPalette palette);
 /// Gives the palette that the desktop asks for, now and whenever it asks for another, a readable accent. All widgets go
 /// on sharing one palette: one set on the application by hand would be copied for each of them, and the toolkit would
 /// keep the drawings of every copy.
-void useReadableStyle();
+void useReadableAccent();
 
 /// The pages of a window with very many controls, SSTab1, in type a little smaller than the desktop's; `content`, their
 /// parent, gets that type too.
