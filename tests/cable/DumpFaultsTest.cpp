@@ -164,7 +164,7 @@ TEST_P(CableUnder, anyFaultAtAnyByteIsToldOnceAndLosesNothing)
             if (HasFailure())
                 return;
         }
-    noteFigure("R12", std::string("faults of the cable under the dump of: ") + GetParam().name, cases);
+    noteFigure("R12", std::string("faults of the cable under a dump, ") + GetParam().name, cases);
 }
 
 TEST_P(CableUnder, aBusyPortIsToldAtTheStartAndOnceForEachStepOfASend)

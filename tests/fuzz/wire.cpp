@@ -48,24 +48,39 @@ struct Listener {
     Listener& operator=(const Listener&) = delete;
 };
 
+/// Data bytes that belong to a status, by the table of messages; a frame has no end but its own.
+std::size_t dataOf(int status)
+{
+    if (status == 0xF0)
+        return std::string_view::npos;
+    const bool one = status / 16 == 0xC || status / 16 == 0xD || status == 0xF1 || status == 0xF3;
+    return one ? 1 : status < 0xF0 || status == 0xF2 ? 2 : 0;
+}
+
 void checkMessage(const Heard& heard)
 {
     const int status = at(heard.bytes, 0);
     must(!heard.bytes.empty(), "a message has bytes");
     must((heard.kind == MessageKind::Malformed) == (heard.fault != Fault::None), "what is malformed has its reason");
-    if (heard.kind == MessageKind::Malformed)
+    if (heard.kind == MessageKind::Malformed) {
+        const bool byEnd = at(heard.bytes, heard.bytes.size() - 1) == 0xF7;
+        must(heard.bytes == "\xF7" || heard.bytes.size() - (byEnd ? 2 : 1) < dataOf(status),
+             "what is cut is shorter than its message");
         return;
+    }
     const bool frame = heard.kind == MessageKind::SysEx;
     for (std::size_t k = 1; k + (frame ? 1 : 0) < heard.bytes.size(); ++k)
         must(at(heard.bytes, k) < 0x80, "no status stands inside a message");
     if (frame)
         must(status == 0xF0 && at(heard.bytes, heard.bytes.size() - 1) == 0xF7, "a frame goes from F0 to F7");
     else if (heard.kind == MessageKind::Channel)
-        must(status >= 0x80 && status < 0xF0 &&
-                 heard.bytes.size() == (status / 16 == 0xC || status / 16 == 0xD ? 2 : 3),
+        must(status >= 0x80 && status < 0xF0 && heard.bytes.size() == 1 + dataOf(status),
              "a channel message has its data");
     else
-        must(heard.kind == MessageKind::RealTime ? status >= 0xF8 : status > 0xF0 && status < 0xF7, "a system message");
+        must(heard.kind == MessageKind::RealTime
+                 ? status >= 0xF8
+                 : status > 0xF0 && status < 0xF7 && heard.bytes.size() == 1 + dataOf(status),
+             "a system message");
 }
 
 /// A tune request at the end brings out whatever is still pending: then each data byte has been told once, in a message
