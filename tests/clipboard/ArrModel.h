@@ -59,7 +59,7 @@ protected:
         const std::vector<Style> styles = anyStyles(slots);
         open(arrTag(kind, number, path, anyArrangements(styles, used), styles));
     }
-    void layDesk()
+    void layDesk() override
     {
         windows.clear();
         book.clear();
@@ -88,7 +88,7 @@ protected:
     }
 
     // What holds in every window at any time.
-    void checkAlways()
+    void checkAlways() override
     {
         const DeskWindow& window = *act.window;
         if (window.Tag.kind() != 2)
@@ -281,57 +281,42 @@ protected:
                 must(view.styles.has(view.slot(row)), "a reference names a present slot");
     }
 
-    void take()
+    void begin(DeskWindow& window, const char* what) override
     {
-        DeskWindow& window = anyWindow();
-        const int row = selectSomething(window);
-        const EditItems items = itemsOf(window, row);
-        const std::string linkedBefore = arrangements->bytes();
-        if (items.cut && dice->oneIn(3)) {
-            begin(window, "cut");
-            window.cut();
-            act.told = boxes();
-            if (isStyleWindow(window))
-                checkStyCut();
-            else
-                checkArrCut();
-            if (&window == linked)
-                checkLinkedArrangements(linkedBefore);
-            ++cuts;
-        } else if (items.copy) {
-            begin(window, "copy");
-            window.copy();
-            if (isStyleWindow(window))
-                checkCopy(270, 399);
-            else
-                checkCopy(RowsBase, 1344);
-            ++copies;
-        } else {
-            return;
-        }
-        checkAlways();
+        linkedBefore_ = arrangements->bytes();
+        ModelDesk::begin(window, what);
     }
-    void put()
+    void checkCut() override
     {
-        DeskWindow& window = anyWindow();
-        const int row = selectSomething(window);
-        if (!itemsOf(window, row).paste)
-            return;
-        const std::string linkedBefore = arrangements->bytes();
-        begin(window, "paste");
-        window.paste();
-        act.told = boxes();
-        if (isStyleWindow(window))
+        if (isStyleWindow(*act.window))
+            checkStyCut();
+        else
+            checkArrCut();
+        checkOwner();
+    }
+    void checkCopied() override
+    {
+        if (isStyleWindow(*act.window))
+            checkCopy(270, 399);
+        else
+            checkCopy(RowsBase, 1344);
+    }
+    void checkPaste() override
+    {
+        if (isStyleWindow(*act.window))
             checkStyPaste();
         else
             checkArrPaste();
-        if (&window == linked)
-            checkLinkedArrangements(linkedBefore);
-        ++pastes;
-        checkAlways();
+        checkOwner();
     }
 
-    int copies = 0;
-    int cuts = 0;
-    int pastes = 0;
+private:
+    /// A style window that shows an arrangement window's styles hands its change on.
+    void checkOwner()
+    {
+        if (act.window == linked)
+            checkLinkedArrangements(linkedBefore_);
+    }
+
+    std::string linkedBefore_;
 };

@@ -6,6 +6,7 @@
 #include "clipboard/EditItems.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <random>
 #include <string>
@@ -139,6 +140,67 @@ protected:
     Act act;
     std::string story; ///< for a failure
 
+    int copies = 0;
+    int cuts = 0;
+    int pastes = 0;
+
+    /// New windows, and no story yet.
+    virtual void layDesk() = 0;
+    /// The rules that a cut, a copy and a paste obey, and those that always hold. What a cut or a paste told is in act.
+    virtual void checkCut() = 0;
+    virtual void checkCopied() = 0;
+    virtual void checkPaste() = 0;
+    virtual void checkAlways() = 0;
+
+    /// Sequences of steps, so many of them on one desk; at the end they have been what they claim to be.
+    void play(unsigned seed, int sequences, int sequencesPerDesk, const std::function<void()>& step)
+    {
+        dice = std::make_unique<Dice>(seed);
+        for (int sequence = 0; sequence < sequences && !HasFailure(); ++sequence) {
+            if (sequence % sequencesPerDesk == 0)
+                layDesk();
+            story += "\nsequence " + std::to_string(sequence);
+            step();
+        }
+        EXPECT_GT(copies, sequences / 8);
+        EXPECT_GT(cuts, sequences / 20);
+        EXPECT_GT(pastes, sequences / 8);
+    }
+    void take()
+    {
+        DeskWindow& window = anyWindow();
+        const int row = selectSomething(window);
+        const EditItems items = itemsOf(window, row);
+        if (items.cut && dice->oneIn(3)) {
+            begin(window, "cut");
+            window.cut();
+            act.told = boxes();
+            checkCut();
+            ++cuts;
+        } else if (items.copy) {
+            begin(window, "copy");
+            window.copy();
+            checkCopied();
+            ++copies;
+        } else {
+            return;
+        }
+        checkAlways();
+    }
+    void put()
+    {
+        DeskWindow& window = anyWindow();
+        const int row = selectSomething(window);
+        if (!itemsOf(window, row).paste)
+            return;
+        begin(window, "paste");
+        window.paste();
+        act.told = boxes();
+        checkPaste();
+        ++pastes;
+        checkAlways();
+    }
+
     void open(const std::string& tag)
     {
         windows.push_back(std::make_unique<DeskWindow>(tag));
@@ -168,7 +230,7 @@ protected:
     {
         return editItems({window.Tag.kind(), window.Tag.readOnly(), row, window.text(row)}, Clipboard.facts());
     }
-    void begin(DeskWindow& window, const char* what)
+    virtual void begin(DeskWindow& window, const char* what)
     {
         act = {&window, window.bytes(), window.rows, Clipboard.BufferTagSorg, {}, std::string_view(what) != "copy"};
         story += std::string("\n") + what + " in window of kind " + std::to_string(window.Tag.kind()) + " " +

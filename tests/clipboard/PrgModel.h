@@ -40,7 +40,7 @@ protected:
                                  dice->oneIn(20) ? " " : "Prg " + std::to_string(dice->roll(1000))}});
         return rows;
     }
-    void layDesk()
+    void layDesk() override
     {
         windows.clear();
         book.clear();
@@ -54,7 +54,7 @@ protected:
         readOnly[1] = 1;
         open(readOnly);
     }
-    void checkAlways()
+    void checkAlways() override
     {
         const DeskWindow& window = *act.window;
         if (window.Tag.kind() >= 21) {
@@ -81,7 +81,7 @@ protected:
         const int firsts[] = {0, 64, 0, 64, 0};
         return Program{1, banks[kind - 4], firsts[kind - 4] + row, DeskWindow::bankName(kind, row)}.record();
     }
-    void checkPaste()
+    void checkPaste() override
     {
         const PrgView before{act.before};
         const PrgView after{act.window->bytes()};
@@ -102,7 +102,7 @@ protected:
             must(act.window->at(6) == 1 && act.window->button("CommLoad") == "on", "a paste is marked");
         checkRest();
     }
-    void checkCut()
+    void checkCut() override
     {
         const PrgView before{act.before};
         const PrgView after{act.window->bytes()};
@@ -115,42 +115,5 @@ protected:
         must(act.window->button("CommLoad") == (after.anyUsed() ? "on" : "off"), "the load button follows the records");
         checkRest();
     }
-    void take()
-    {
-        DeskWindow& window = anyWindow();
-        const int row = selectSomething(window);
-        const EditItems items = itemsOf(window, row);
-        if (items.cut && dice->oneIn(3)) {
-            begin(window, "cut");
-            window.cut();
-            act.told = boxes();
-            checkCut();
-            ++cuts;
-        } else if (items.copy) {
-            begin(window, "copy");
-            window.copy();
-            checkCopy(window.Tag.kind() < 21 ? BankRowsBase : FileRowsBase, 1344);
-            ++copies;
-        } else {
-            return;
-        }
-        checkAlways();
-    }
-    void put()
-    {
-        DeskWindow& window = anyWindow();
-        const int row = selectSomething(window);
-        if (!itemsOf(window, row).paste)
-            return;
-        begin(window, "paste");
-        window.paste();
-        act.told = boxes();
-        checkPaste();
-        ++pastes;
-        checkAlways();
-    }
-
-    int copies = 0;
-    int cuts = 0;
-    int pastes = 0;
+    void checkCopied() override { checkCopy(act.window->Tag.kind() < 21 ? BankRowsBase : FileRowsBase, 1344); }
 };

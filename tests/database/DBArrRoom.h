@@ -4,6 +4,7 @@
 
 #include "core/Dichiarazioni.h"
 #include "database/TvlDBArr.h"
+#include "support/DatabaseFile.h"
 #include "support/ScriptedUser.h"
 #include "support/TemporaryFolder.h"
 
@@ -14,31 +15,7 @@
 #include <unistd.h>
 #include <vector>
 
-struct Row {
-    std::string name;
-    int id;
-};
-
-/// A database file by hand: records of 26 bytes from offset 52, the map at 25974, the folder at 26971.
-inline std::string database(const std::vector<Row>& rows, const std::string& folder)
-{
-    std::string file(27221, '\0');
-    file.replace(0, 8, "TvlDBArr");
-    std::string empty = std::string(1, '\0') + std::string(23, ' ') + std::string(2, '\0');
-    for (std::size_t slot = 3; slot <= 999; ++slot)
-        file.replace(52 + (slot - 3) * 26, 26, empty);
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        std::string name = rows[i].name;
-        name.resize(24, ' ');
-        file.replace(52 + i * 26, 24, name);
-        file[52 + i * 26 + 24] = static_cast<char>(rows[i].id % 256);
-        file[52 + i * 26 + 25] = static_cast<char>(rows[i].id / 256);
-        file[25974 + static_cast<std::size_t>(rows[i].id) - 3] = 1;
-    }
-    std::string padded = folder;
-    padded.resize(250, ' ');
-    return file.replace(26971, 250, padded);
-}
+using Row = IndexRow;
 
 /// An arrangement file that a refresh lets stay: its ten bytes at 32 and at 672 are the same.
 inline std::string arrangement(const std::string& head = "KORG")

@@ -10,6 +10,7 @@
 #include "support/CoreRun.h"
 #include "support/Figures.h"
 #include "support/RecordingMidiService.h"
+#include "support/Unpacked.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -67,15 +68,9 @@ protected:
             const std::string begin = {'\xF0', '\x42', static_cast<char>(0x30 + App.GlobalChannel), '\x4D'};
             EXPECT_EQ(frame.substr(0, 4), begin);
             EXPECT_EQ(frame.back(), '\xF7');
-            int place = 0, top = 0;
-            for (std::size_t i = 5; i + 1 < frame.size(); ++i, ++place) {
-                const int byte = static_cast<unsigned char>(frame[i]);
-                EXPECT_LT(byte, 128);
-                if (place % 8 == 0)
-                    top = byte;
-                else
-                    all += static_cast<char>(byte + ((top >> (place % 8 - 1)) % 2 == 1 ? 128 : 0));
-            }
+            for (std::size_t place = 5; place + 1 < frame.size(); ++place)
+                EXPECT_LT(static_cast<unsigned char>(frame[place]), 128);
+            all += unpackedBody(frame);
         }
         service.forget();
         return all;

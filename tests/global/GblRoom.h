@@ -13,7 +13,8 @@
 #include "midi/MsgLog.h"
 #include "support/CoreRun.h"
 #include "support/Hex.h"
-#include "support/RecordingMidiService.h"
+#include "support/Unpacked.h"
+#include "support/WindowDiary.h"
 
 #include <gtest/gtest.h>
 
@@ -40,18 +41,6 @@ inline std::string zeroDumpWith(std::size_t group, const std::string& bytes)
     return hex(bytesOf("F0 42 32 4D 51") + body + '\xF7');
 }
 
-/// The 415 bytes of a dump, taken apart by the format's own words.
-inline std::string unpacked(const std::string& dump)
-{
-    std::string bytes;
-    for (std::size_t group = 5; group + 1 < dump.size(); group += 8)
-        for (std::size_t k = 1; k < 8 && group + k + 1 < dump.size(); ++k) {
-            const bool top = (static_cast<unsigned char>(dump[group]) >> (k - 1) & 1) != 0;
-            bytes += static_cast<char>(static_cast<unsigned char>(dump[group + k]) + (top ? 128 : 0));
-        }
-    return bytes;
-}
-
 inline std::string randomBytes(std::mt19937& random, std::size_t count)
 {
     std::string bytes(count, '\0');
@@ -59,21 +48,6 @@ inline std::string randomBytes(std::mt19937& random, std::size_t count)
         byte = static_cast<char>(random() & 0xFFU);
     return bytes;
 }
-
-struct GblShell : Shell {
-    int syncs = 0;
-    int popups = 0;
-    std::map<std::string, bool> items;
-
-    void MenuSync() override { ++syncs; }
-    void showWindow(int, int) override {}
-    bool bringForward(int, const std::string&) override { return false; }
-    void openPath(const std::string&, int, bool) override {}
-    void popupEditMenu() override { ++popups; }
-    void enableMenuItem(const char* name, bool enabled) override { items[name] = enabled; }
-    void cut() override {}
-    bool closeEditorOf(int, int) override { return true; }
-};
 
 class GblRoom : public testing::Test
 {
@@ -112,6 +86,6 @@ protected:
     static std::string parametersOf(const WindowBuffer& tag) { return tag.bytes().substr(302, 415); }
 
     CoreRun run;
-    GblShell shell;
+    FakeShell shell;
     RecordingMidiService port;
 };

@@ -1,9 +1,6 @@
-#include "instrument/VirtualInstrument.h"
+// The virtual instrument takes whole messages: what it keeps of each, what it answers, what it counts as malformed.
+#include "InstrumentRoom.h"
 
-#include "core/Dichiarazioni.h"
-#include "core/NameTables.h"
-#include "support/Hex.h"
-#include <gtest/gtest.h>
 #include <random>
 
 namespace
@@ -77,22 +74,9 @@ std::string styleBody(int group)
 
 } // namespace
 
-class Instrument : public testing::Test
+class Instrument : public InstrumentRoom
 {
 protected:
-    void SetUp() override
-    {
-        App = {};
-        setLanguage(2);
-        NameTablesBuild();
-    }
-    void TearDown() override { App = {}; }
-    static void setLanguage(int language)
-    {
-        App.Language = language;
-        App.LanguageBase = (language - 1) * 200;
-    }
-    void take(const std::string& pairs) { instrument.take(bytesOf(pairs)); }
     std::string lastWords() const { return instrument.lastMessages().back().words; }
     /// One more malformed message of that reason, and of no other.
     void expectFault(Fault fault, const std::string& bytes)
@@ -104,8 +88,6 @@ protected:
         EXPECT_EQ(instrument.malformedCount(fault), one + 1) << hex(bytes.substr(0, 20));
         EXPECT_EQ(instrument.lastMessages().back().fault, fault);
     }
-
-    VirtualInstrument instrument;
 };
 
 TEST_F(Instrument, beginsWithNothing)
@@ -373,7 +355,7 @@ TEST_F(Instrument, countsWhatIsNoMessageAtAll)
     expectFault(Fault::CutByStatus, bytesOf("F0 42 30 4D C0"));
     expectFault(Fault::HighByteInside, bytesOf("F7"));
     EXPECT_EQ(lastWords(), "Malformed message: byte above 127 inside");
-    setLanguage(1);
+    speakLanguage(1);
     take("05 00 00");
     EXPECT_EQ(lastWords(), "Messaggio errato: dati senza byte di stato");
     EXPECT_EQ(instrument.lastMessages().back().head, "05 00 00");
@@ -459,7 +441,7 @@ TEST_F(Instrument, givesAShortAccountInBothLanguages)
                                      "Parameters: nothing yet\n"
                                      "Sounding keys: nothing yet\n"
                                      "Messages: 0, malformed: 0\n");
-    setLanguage(1);
+    speakLanguage(1);
     std::string records(64 * 164, '\0');
     records.replace(0, 16, "Tikytikit\xE0      ");
     records.replace(2 * 164, 16, "Valzer          ");

@@ -1,5 +1,6 @@
 // A whole program file as one message: 11008 bytes of records, 2104 from behind them.
 #include "programs/ProgramFixture.h"
+#include "support/Unpacked.h"
 
 #include <random>
 
@@ -72,14 +73,7 @@ TEST_F(ProgramDump, goesOutAsOneFramedMessageOfSevenBitBytes)
     ASSERT_EQ(message.size(), 5u + 14986 + 1); // 1873 runs of 8 and one of 2
     EXPECT_EQ(hex(message.substr(0, 5)), "F0 42 3C 4D 4C");
     EXPECT_EQ(hex(message.substr(message.size() - 1)), "F7");
-    std::string body;
-    for (std::size_t place = 0; place < 14986; ++place) {
-        const std::size_t inRun = place % 8;
-        if (inRun == 0)
-            continue;
-        const bool top = ((message[5 + place - inRun] >> (inRun - 1)) & 1) != 0;
-        body += static_cast<char>(message[5 + place] | (top ? 0x80 : 0));
-    }
+    const std::string body = unpackedBody(message);
     EXPECT_TRUE(body == bytes.substr(318, 11008) + bytes.substr(23366, 2104));
 }
 

@@ -7,6 +7,7 @@
 #include "support/Hex.h"
 #include "support/RecordingMidiService.h"
 #include "support/ScriptedUser.h"
+#include "support/Unpacked.h"
 
 #include <gtest/gtest.h>
 
@@ -59,21 +60,14 @@ protected:
         return bytes;
     }
 
-    /// Takes a message apart as an instrument does: frame checked, body unpacked bit by bit.
-    static std::string unpackedBody(const std::string& message)
+    /// Takes a group's message apart as an instrument does, its frame checked.
+    static std::string groupBody(const std::string& message)
     {
         EXPECT_EQ(hex(message.substr(0, 5)), "F0 42 30 4D 65");
         EXPECT_EQ(hex(message.substr(message.size() - 1)), "F7");
-        const std::string packed = message.substr(5, message.size() - 6);
-        std::string body;
-        for (std::size_t place = 0; place < packed.size(); ++place) {
-            EXPECT_EQ(packed[place] & 0x80, 0);
-            if (place % 8 != 0) {
-                const bool top = (packed[place - place % 8] >> (place % 8 - 1)) & 1;
-                body += static_cast<char>(packed[place] | (top ? 0x80 : 0));
-            }
-        }
-        return body;
+        for (std::size_t place = 5; place + 1 < message.size(); ++place)
+            EXPECT_EQ(message[place] & 0x80, 0);
+        return unpackedBody(message);
     }
 
     struct Wire : RecordingMidiService {

@@ -107,7 +107,7 @@ TEST_F(StyleLoad, theBufferIsReadAfreshAtEachGroup)
     ASSERT_EQ(StyLoadNext(bytes), StyLoadStep::Sent);
     bytes = buffer(23, {1, 1, 1, 1, 2, 2, 2, 2});
     ASSERT_EQ(StyLoadNext(bytes), StyLoadStep::Sent);
-    EXPECT_EQ(unpackedBody(wire.messages().back()).size(), 24u + 8);
+    EXPECT_EQ(groupBody(wire.messages().back()).size(), 24u + 8);
 }
 
 TEST_F(StyleLoad, aWindowClosedInMidLoadLeavesNoNoticeAndNoOwner)
@@ -143,7 +143,7 @@ TEST_F(StyleLoad, aRandomBufferNeverLeadsOutsideIt)
             if (StyGroupBuild(bytes, group) == 1)
                 EXPECT_EQ(Midi.SysExOutput, "before");
             else
-                EXPECT_LE(unpackedBody(Midi.SysExOutput).size(), 24 + bytes.size());
+                EXPECT_LE(groupBody(Midi.SysExOutput).size(), 24 + bytes.size());
         }
     }
 }

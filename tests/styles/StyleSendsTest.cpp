@@ -43,7 +43,7 @@ TEST_F(StyGroupBuild_, carriesDescriptorsAndBlocksOfTheGroup)
     for (const int kind : {23, 24, 19, 20})
         for (const auto& row : rows) {
             ASSERT_EQ(StyGroupBuild(buffer(kind, lengths), row.group), 0);
-            const std::string body = unpackedBody(Midi.SysExOutput);
+            const std::string body = groupBody(Midi.SysExOutput);
             EXPECT_EQ(hex(body.substr(0, 24)), row.descriptors) << kind;
             std::string blocks;
             for (int slot = row.group * 4; slot < row.group * 4 + 4; ++slot)
@@ -79,7 +79,7 @@ TEST_F(StyGroupBuild_, refusesAGroupWithAMissingSlotAndKeepsTheOutputString)
 TEST_F(StyGroupBuild_, anAbsentSlotOfAnEarlierGroupOnlyShortensItsSum)
 {
     ASSERT_EQ(StyGroupBuild(buffer(19, {10, 0, 20, 0, 5, 6, 7, 8}), 1), 0);
-    EXPECT_TRUE(unpackedBody(Midi.SysExOutput).substr(24) == block(4, 5) + block(5, 6) + block(6, 7) + block(7, 8));
+    EXPECT_TRUE(groupBody(Midi.SysExOutput).substr(24) == block(4, 5) + block(5, 6) + block(6, 7) + block(7, 8));
 }
 
 TEST_F(StyGroupBuild_, namesDoNotMatter)
@@ -96,19 +96,19 @@ TEST_F(StyGroupBuild_, aDamagedFilesGroupGoesOutWithTheTablesDescriptorsAndWithW
     std::string bytes = buffer(23, {100, 100, 100, 100, 50, 50, 50, 50});
     bytes.resize(669 + 224 + 137);
     ASSERT_EQ(StyGroupBuild(bytes, 0), 0);
-    std::string body = unpackedBody(Midi.SysExOutput);
+    std::string body = groupBody(Midi.SysExOutput);
     const char* descriptors = "18 00 00 80 64 00 7C 00 00 80 64 00 E0 00 00 80 64 00 44 00 01 80 64 00";
     EXPECT_EQ(hex(body.substr(0, 24)), descriptors);
     EXPECT_TRUE(body.substr(24) == block(0, 100) + block(1, 100).substr(0, 37));
     // Of the second group, which begins behind the end, nothing but its descriptors.
     ASSERT_EQ(StyGroupBuild(bytes, 1), 0);
-    EXPECT_EQ(hex(unpackedBody(Midi.SysExOutput)),
+    EXPECT_EQ(hex(groupBody(Midi.SysExOutput)),
               "18 00 00 81 32 00 4A 00 00 81 32 00 7C 00 00 81 32 00 AE 00 00 81 32 00");
     // One byte short.
     bytes = buffer(20, {100, 100, 100, 100});
     bytes.pop_back();
     ASSERT_EQ(StyGroupBuild(bytes, 0), 0);
-    body = unpackedBody(Midi.SysExOutput);
+    body = groupBody(Midi.SysExOutput);
     EXPECT_EQ(hex(body.substr(0, 24)), descriptors);
     EXPECT_TRUE(body.substr(24) == block(0, 100) + block(1, 100) + block(2, 100) + block(3, 100).substr(0, 99));
 }
@@ -140,7 +140,7 @@ TEST_F(StyGroupBuild_, theLastBlockMayBeginAt65535AndNotBehind)
 {
     // 24 + 21837 + 21837 + 21837 = 65535
     ASSERT_EQ(StyGroupBuild(buffer(23, {21837, 21837, 21837, 9000}), 0), 0);
-    EXPECT_EQ(hex(unpackedBody(Midi.SysExOutput).substr(18, 6)), "FF 00 FF 80 28 23");
+    EXPECT_EQ(hex(groupBody(Midi.SysExOutput).substr(18, 6)), "FF 00 FF 80 28 23");
     Midi.SysExOutput = "before";
     EXPECT_EQ(StyGroupBuild(buffer(23, {21837, 21837, 21838, 9000}), 0), 1);
     EXPECT_EQ(StyGroupBuild(buffer(23, {65535, 1, 1, 1}), 0), 1);
@@ -165,7 +165,7 @@ TEST_F(StyGroupSend_, showsTheNoticeThenSendsOneMessage)
     EXPECT_EQ(user.progressLines, shownBefore);
     ASSERT_EQ(wire.messages().size(), 1u);
     EXPECT_EQ(wire.messages()[0], Midi.SysExOutput);
-    EXPECT_EQ(unpackedBody(wire.messages()[0]).size(), 124u);
+    EXPECT_EQ(groupBody(wire.messages()[0]).size(), 124u);
 }
 
 TEST_F(StyGroupSend_, anUnsendableGroupShowsAndSendsNothing)

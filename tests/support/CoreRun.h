@@ -6,6 +6,13 @@
 #include "support/ScriptedUser.h"
 #include "support/TemporaryFolder.h"
 
+/// The words from here on, 1 Italian or 2 English.
+inline void speakLanguage(int language)
+{
+    App.Language = language;
+    App.LanguageBase = (language - 1) * 200;
+}
+
 struct CoreRun {
     TemporaryFolder folder; ///< App.StateDir
     ScriptedUser user;
@@ -25,10 +32,5 @@ struct CoreRun {
     CoreRun(const CoreRun&) = delete;
     CoreRun& operator=(const CoreRun&) = delete;
 
-    /// The words of this run, 1 Italian or 2 English.
-    void speak(int language)
-    {
-        App.Language = language;
-        App.LanguageBase = (language - 1) * 200;
-    }
+    static void speak(int language) { speakLanguage(language); }
 };

@@ -16,6 +16,14 @@
 
 using Lines = std::vector<std::string>;
 
+inline Lines joined(std::initializer_list<Lines> parts)
+{
+    Lines all;
+    for (const Lines& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
 /// The status line in the diary; a cleared one is "status".
 struct DiaryUser : ScriptedUser {
     explicit DiaryUser(Lines& book) : diary(book) {}
@@ -47,12 +55,22 @@ struct DiaryService : RecordingMidiService {
                                             : hex(message.substr(0, 5)) + " (" + std::to_string(message.size()) + ")");
         return RecordingMidiService::midiOutLongMsg(handle, message);
     }
+    /// The dumps of what went out, oldest first.
+    std::vector<std::string> longMessages() const
+    {
+        std::vector<std::string> found;
+        for (const std::string& message : messages())
+            if (message.size() > 8)
+                found.push_back(message);
+        return found;
+    }
     Lines& diary;
 };
 
 struct FakeShell : Shell {
     int syncs = 0;
     int cuts = 0;
+    int popups = 0;
     std::vector<std::pair<int, int>> shown;
     std::set<std::pair<int, std::string>> openPaths;
     std::vector<std::pair<int, std::string>> broughtForward;
@@ -84,7 +102,7 @@ struct FakeShell : Shell {
     {
         opened.push_back({path, fileKind, readOnly});
     }
-    void popupEditMenu() override {}
+    void popupEditMenu() override { ++popups; }
     void enableMenuItem(const char* name, bool enabled) override { items[name] = enabled; }
     void cut() override { ++cuts; }
     bool closeEditorOf(int sourceKind, int slot) override

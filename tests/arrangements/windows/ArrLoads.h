@@ -6,14 +6,6 @@
 inline const Lines ArrLoad = {"status Loading Arrangement", "F0 42 32 4D 4E 06 F7", "F0 42 32 4D 4E 0A F7",
                               "F0 42 32 4D 64 (12002)", "status"};
 
-inline Lines joined(std::initializer_list<Lines> parts)
-{
-    Lines all;
-    for (const Lines& part : parts)
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
-
 inline Lines selection(int row)
 {
     return {"B2 00 00", "B2 20 01", "C2 " + hex(std::string(1, static_cast<char>(row))), "status"};
@@ -29,12 +21,5 @@ protected:
         return {"status Loading Style", "status Loading Style", "F0 42 32 4D 65 (224)",
                 "status Loading Style", "F0 42 32 4D 65 (242)", "status"};
     }
-    std::vector<std::string> longMessages() const
-    {
-        std::vector<std::string> found;
-        for (const std::string& message : port.messages())
-            if (message.size() > 8)
-                found.push_back(message);
-        return found;
-    }
+    std::vector<std::string> longMessages() const { return port.longMessages(); }
 };

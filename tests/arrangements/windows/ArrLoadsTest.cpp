@@ -18,7 +18,7 @@ TEST_F(ArrLoads, theFirstClickLoadsTheFileThenSelectsTheRow)
     EXPECT_EQ(App.InfoArr, "song");
     EXPECT_EQ(infoOnDisk(50), fifty("song"));
     EXPECT_EQ(diaryUser.arrLabel, "song.arr");
-    EXPECT_TRUE(bodyOf(longMessages()[0]) == usualFile().substr(32));
+    EXPECT_TRUE(unpackedBody(longMessages()[0]) == usualFile().substr(32));
 }
 
 TEST_F(ArrLoads, theSecondClickSelectsAlone)
@@ -61,10 +61,10 @@ TEST_F(ArrLoads, aRowWithAUserStyleBringsTheStylesGroupByGroup)
     EXPECT_EQ(timer(window, "TimerTxSty(1)")->Interval(), 1000);
     EXPECT_EQ(style(window), "Style 2 (U13)");
 
-    const std::string first = bodyOf(longMessages()[1]);
+    const std::string first = unpackedBody(longMessages()[1]);
     EXPECT_EQ(hex(first.substr(0, 24)), "18 00 00 80 28 00 40 00 00 80 29 00 69 00 00 80 2A 00 93 00 00 80 2B 00");
     EXPECT_TRUE(first.substr(24) == styles().substr(224, 40 + 41 + 42 + 43));
-    const std::string second = bodyOf(longMessages()[2]);
+    const std::string second = unpackedBody(longMessages()[2]);
     EXPECT_EQ(hex(second.substr(0, 6)), "18 00 00 81 2C 00");
     EXPECT_TRUE(second.substr(24) == styles().substr(224 + 166, 44 + 45 + 46 + 47));
 
@@ -206,7 +206,7 @@ TEST_F(ArrLoads, loadArrStoresTheEditOnYesAndSendsIt)
     press(window, "CommLoadArr");
     ASSERT_TRUE(settled(window));
     EXPECT_EQ(diaryUser.questions.size(), 1u);
-    EXPECT_EQ(bodyOf(longMessages()[0])[21], 90);
+    EXPECT_EQ(unpackedBody(longMessages()[0])[21], 90);
 }
 
 TEST_F(ArrLoads, withMidiDisabledTheStagesRunOn)
@@ -327,7 +327,7 @@ TEST_F(ArrLoads, loadProgSendsTheFileReadFromDisk)
     Files.PrgBuffer = "read by somebody else in between";
     ASSERT_TRUE(settled(window));
     EXPECT_EQ(diary, (Lines{"status Loading Program", "F0 42 32 4D 4C (14992)", "status"}));
-    EXPECT_TRUE(bodyOf(longMessages()[0]) == programs.substr(48, 11008) + programs.substr(23096, 2104));
+    EXPECT_TRUE(unpackedBody(longMessages()[0]) == programs.substr(48, 11008) + programs.substr(23096, 2104));
     EXPECT_EQ(App.InfoPrg, "song");
     EXPECT_EQ(infoOnDisk(150), fifty("song"));
     EXPECT_EQ(diaryUser.prgLabel, "song.prg");
@@ -343,7 +343,7 @@ TEST_F(ArrLoads, loadProgBlanksTheReferencesOfAPgg)
     ASSERT_TRUE(settled(window));
     std::string expected = programs.substr(48, 11008);
     expected.replace(5 * 172, 20, std::string(20, '\0'));
-    EXPECT_TRUE(bodyOf(longMessages()[0]).substr(0, 11008) == expected);
+    EXPECT_TRUE(unpackedBody(longMessages()[0]).substr(0, 11008) == expected);
     EXPECT_EQ(diaryUser.prgLabel, "song.pgg");
 }
 
@@ -374,7 +374,7 @@ TEST_F(ArrLoads, loadProgSendsAnOpenWindowsImageFirst)
     EXPECT_EQ(timer(window, "TimerLoadPrg")->Interval(), 8);
     ASSERT_TRUE(settled(window));
     EXPECT_EQ(diary, (Lines{"status Loading Program", "F0 42 32 4D 4C (14992)", "status"}));
-    EXPECT_TRUE(bodyOf(longMessages()[0]).substr(0, 11008) == edited.substr(48, 11008));
+    EXPECT_TRUE(unpackedBody(longMessages()[0]).substr(0, 11008) == edited.substr(48, 11008));
     EXPECT_EQ(diaryUser.prgLabel, "song.pgg");
     EXPECT_EQ(App.InfoPrg, "song");
 }

@@ -289,7 +289,7 @@ TEST_F(BankWindow, theLoadOfANewFileChangesNoMode)
     EXPECT_EQ(timer(window, "TimerLoadArr")->Interval(), 9);
     ASSERT_TRUE(settled(window));
     EXPECT_EQ(diary, (Lines{"status Loading Arrangement", "F0 42 32 4D 64 (12002)", "status"}));
-    EXPECT_TRUE(bodyOf(longMessages()[0]) == usualFile().substr(32));
+    EXPECT_TRUE(unpackedBody(longMessages()[0]) == usualFile().substr(32));
     EXPECT_EQ(window->Tag.at(WindowLayout::NotSentOffset), 0);
     EXPECT_EQ(App.InfoArr, " (Untitled 1)");
 }

@@ -17,8 +17,6 @@
 #include <random>
 
 struct EditShell : FakeShell {
-    int popups = 0;
-    void popupEditMenu() override { ++popups; }
     std::function<bool()> onCloseEditor;
     bool closeEditorOf(int sourceKind, int slot) override
     {
@@ -60,9 +58,7 @@ protected:
     void show(frmEditArr* made)
     {
         editor = made;
-        area->addSubWindow(made);
-        made->show();
-        QApplication::processEvents();
+        showInArea(made);
     }
 
     /// Opens an arrangement file with this block in row 0 and presses Edit on it.
@@ -89,7 +85,7 @@ protected:
     bool closeEditor()
     {
         const bool closed = editor->close();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        collect();
         if (closed)
             editor = nullptr;
         return closed;
@@ -121,9 +117,7 @@ protected:
     template <typename Control>
     Control* part(const std::string& name) const
     {
-        auto* found = editor->findChild<Control*>(QString::fromStdString(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
+        return control<Control>(editor, QString::fromStdString(name));
     }
     static std::string member(const char* array, int index)
     {
@@ -141,15 +135,7 @@ protected:
     std::string shown(int index) const { return field(index)->text().toLatin1().toStdString(); }
     std::string caption() const { return editor->windowTitle().toStdString(); }
 
-    /// Turns to the page that a control stands on and gives it the focus.
-    void focus(QWidget* control) const
-    {
-        auto* pages = part<QTabWidget>("SSTab1");
-        for (int page = 0; page < pages->count(); ++page)
-            if (pages->widget(page)->isAncestorOf(control))
-                pages->setCurrentIndex(page);
-        control->setFocus();
-    }
+    void focus(QWidget* control) const { focusOnItsPage(editor, control); }
     void key(QWidget* control, int code) const
     {
         focus(control);

@@ -77,7 +77,7 @@ TEST_F(EditorRefused, aLoadGoesOutAsTheFileIsAndAsksAgain)
     EXPECT_EQ(diaryUser.warnings.size(), 2u);
     expectKept();
     const std::string dump = editPort.messages().back();
-    EXPECT_EQ(bodyOf(dump).substr(0, 164), image.substr(302, 164));
+    EXPECT_EQ(unpackedBody(dump).substr(0, 164), image.substr(302, 164));
 }
 
 TEST_F(EditorRefused, aSourceThatIsGoneIsTold)

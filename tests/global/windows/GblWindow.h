@@ -4,37 +4,23 @@
 #include "../GblRoom.h"
 
 #include "global/frmGbl.h"
+#include "support/WindowHands.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
-#include <QMdiArea>
 #include <QPointer>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
 #include <QTabBar>
-#include <QTabWidget>
-#include <QTest>
 
-#include <memory>
 #include <set>
 
-class GblWindow : public GblRoom
+class GblWindow : public GblRoom, protected WindowHands
 {
 protected:
-    GblWindow()
-    {
-        area = std::make_unique<QMdiArea>();
-        area->resize(1000, 800);
-        area->show();
-    }
-    ~GblWindow() override
-    {
-        area.reset();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    GblWindow() { openArea(); }
+    ~GblWindow() override { closeArea(); }
 
     /// Opens a window as the shell does it: slot 0 on the instrument's block, 1 to 8 on a file.
     frmGbl* open(const std::string& parameters = std::string(415, '\0'), int slot = 1)
@@ -46,10 +32,7 @@ protected:
             App.Globals[static_cast<std::size_t>(slot)].path = run.folder.file("stage" + std::to_string(slot));
             App.Globals[static_cast<std::size_t>(slot)].used = true;
         }
-        auto* opened = new frmGbl(slot);
-        area->addSubWindow(opened);
-        opened->show();
-        QApplication::processEvents();
+        auto* opened = showInArea(new frmGbl(slot));
         EXPECT_TRUE(sent().empty()) << "opening sends nothing";
         window = opened;
         return opened;
@@ -65,28 +48,18 @@ protected:
     template <typename Control>
     Control* part(const std::string& name) const
     {
-        auto* found = window->findChild<Control*>(QString::fromStdString(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
+        return control<Control>(window, QString::fromStdString(name));
     }
     QComboBox* combo(const std::string& name) const { return part<QComboBox>(name); }
     QSlider* slider(const std::string& name) const { return part<QSlider>(name); }
     std::string label(const std::string& name) const { return part<QLabel>(name)->text().toStdString(); }
 
-    /// Turns to the page that a control stands on and gives it the focus.
-    void focus(QWidget* control) const
-    {
-        auto* pages = part<QTabWidget>("SSTab1");
-        for (int page = 0; page < pages->count(); ++page)
-            if (pages->widget(page)->isAncestorOf(control))
-                pages->setCurrentIndex(page);
-        control->setFocus();
-    }
+    void focus(QWidget* control) const { focusOnItsPage(window, control); }
     void key(const std::string& name, Qt::Key code) const
     {
-        auto* control = part<QWidget>(name);
-        focus(control);
-        QTest::keyClick(control, code);
+        auto* found = part<QWidget>(name);
+        focus(found);
+        QTest::keyClick(found, code);
     }
     void press(const std::string& name) const
     {
@@ -97,8 +70,6 @@ protected:
     std::string parameters() const { return parametersOf(window->Tag); }
     int byteOf(std::size_t offset) const { return static_cast<unsigned char>(parameters()[offset]); }
     int mark() const { return window->Tag.at(3); }
-    static void settle() { QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
-    std::unique_ptr<QMdiArea> area;
     QPointer<frmGbl> window;
 };

@@ -20,6 +20,64 @@ bool isControl(const QWidget* widget)
            qobject_cast<const QGroupBox*>(widget) || qobject_cast<const QTabWidget*>(widget);
 }
 
+/// A control, the frame around it, and its words.
+struct Row {
+    const char* control;
+    const char* frame;
+    const char* words;
+};
+
+constexpr Row Rows[] = {
+    {"GblHScroll1(0)", "General", "Master Tune"},
+    {"GblCombo1(0)", "General", "Octave Upper"},
+    {"GblCombo1(1)", "General", "Octave Lower"},
+    {"GblCombo1(2)", "General", "Velocity Curve"},
+    {"GblCombo1(3)", "General", "After Touch Curve"},
+    {"GblHScroll1(1)", "General", "Velocity"},
+    {"GblCheck1(0)", "General", "Auto Chord Scan"},
+    {"GblCheck1(1)", "General", "Transpose Lock"},
+    {"GblCheck1(2)", "General", "Voc/Gtr Lock"},
+    {"GblCombo1(16)", "Midi In", "JS x LOW"},
+    {"GblCombo1(17)", "Midi In", "JS x UP1"},
+    {"GblCombo1(18)", "Midi In", "JS x UP2"},
+    {"GblCombo1(19)", "Midi In", "Echo Back"},
+    {"GblCombo1(5)", "Midi In", "Chord Recognition"},
+    {"GblCombo1(6)", "Scales", "Main Scale Type"},
+    {"GblCombo1(7)", "Scales", "Sub Scale Type"},
+    {"GblCombo1(8)", "Scales", "Main Scale Key"},
+    {"GblCombo1(9)", "Scales", "Sub Scale Key"},
+    {"GblOption1(0)", "Pedals", "+"},
+    {"GblOption1(1)", "Pedals", "-"},
+    {"GblCombo1(10)", "Pedals", "Assignable Pedal"},
+    {"GblCombo1(11)", "Pedals", "Ext. Controller A"},
+    {"GblCombo1(12)", "Pedals", "Ext. Controller B"},
+    {"GblCombo1(13)", "Pedals", "Ext. Controller C"},
+    {"GblCombo1(14)", "Pedals", "Ext. Controller D"},
+    {"GblCombo1(15)", "Pedals", "Ext. Controller E"},
+    {"CommResetUS(0)", "User Scale 1", "Reset US1"},
+    {"CommResetUS(1)", "User Scale 2", "Reset US2"},
+    {"CommResetUS(2)", "User Scale 3", "Reset US3"},
+    {"CommResetUS(3)", "User Scale 4", "Reset US4"},
+    {"Combo3(0)", "Harmony", "Octave"},
+    {"Combo3(1)", "Harmony", "Channel (Arr)"},
+    {"Combo3(2)", "Harmony", "Track"},
+    {"Combo3(3)", "Harmony", "Channel (Song Play)"},
+    {"Check3", "Harmony", "TG (Song Play)"},
+    {"HScroll3(0)", "Harmony", "Range L(Arr)"},
+    {"HScroll3(1)", "Harmony", "Range H(Arr)"},
+    {"Combo3(4)", "MIDI Channels", "GLB (Global)"},
+    {"Combo3(5)", "MIDI Channels", "ARRANG (Arrangement)"},
+    {"Combo3(6)", "MIDI Channels", "LOW (Lower)"},
+    {"Combo3(7)", "MIDI Channels", "UP2 (Upper 2)"},
+    {"Combo3(8)", "MIDI Channels", "UP1 (Upper 1)"},
+    {"Combo3(9)", "MIDI Channels", "DRM (Drum)"},
+    {"Combo3(10)", "MIDI Channels", "PER (Percussion)"},
+    {"Combo3(11)", "MIDI Channels", "BAS (Bass)"},
+    {"Combo3(12)", "MIDI Channels", "AC1 (Accomp. 1)"},
+    {"Combo3(13)", "MIDI Channels", "AC2 (Accomp. 2)"},
+    {"Combo3(14)", "MIDI Channels", "AC3 (Accomp. 3)"},
+};
+
 } // namespace
 
 TEST_F(GblWindow, allControlsHaveNamesAndWords)
@@ -50,61 +108,6 @@ TEST_F(GblWindow, allControlsHaveNamesAndWords)
 
 TEST_F(GblWindow, eachControlStandsInItsFrameBesideItsWords)
 {
-    struct Row {
-        const char* control;
-        const char* frame;
-        const char* words;
-    };
-    constexpr Row Rows[] = {
-        {"GblHScroll1(0)", "General", "Master Tune"},
-        {"GblCombo1(0)", "General", "Octave Upper"},
-        {"GblCombo1(1)", "General", "Octave Lower"},
-        {"GblCombo1(2)", "General", "Velocity Curve"},
-        {"GblCombo1(3)", "General", "After Touch Curve"},
-        {"GblHScroll1(1)", "General", "Velocity"},
-        {"GblCheck1(0)", "General", "Auto Chord Scan"},
-        {"GblCheck1(1)", "General", "Transpose Lock"},
-        {"GblCheck1(2)", "General", "Voc/Gtr Lock"},
-        {"GblCombo1(16)", "Midi In", "JS x LOW"},
-        {"GblCombo1(17)", "Midi In", "JS x UP1"},
-        {"GblCombo1(18)", "Midi In", "JS x UP2"},
-        {"GblCombo1(19)", "Midi In", "Echo Back"},
-        {"GblCombo1(5)", "Midi In", "Chord Recognition"},
-        {"GblCombo1(6)", "Scales", "Main Scale Type"},
-        {"GblCombo1(7)", "Scales", "Sub Scale Type"},
-        {"GblCombo1(8)", "Scales", "Main Scale Key"},
-        {"GblCombo1(9)", "Scales", "Sub Scale Key"},
-        {"GblOption1(0)", "Pedals", "+"},
-        {"GblOption1(1)", "Pedals", "-"},
-        {"GblCombo1(10)", "Pedals", "Assignable Pedal"},
-        {"GblCombo1(11)", "Pedals", "Ext. Controller A"},
-        {"GblCombo1(12)", "Pedals", "Ext. Controller B"},
-        {"GblCombo1(13)", "Pedals", "Ext. Controller C"},
-        {"GblCombo1(14)", "Pedals", "Ext. Controller D"},
-        {"GblCombo1(15)", "Pedals", "Ext. Controller E"},
-        {"CommResetUS(0)", "User Scale 1", "Reset US1"},
-        {"CommResetUS(1)", "User Scale 2", "Reset US2"},
-        {"CommResetUS(2)", "User Scale 3", "Reset US3"},
-        {"CommResetUS(3)", "User Scale 4", "Reset US4"},
-        {"Combo3(0)", "Harmony", "Octave"},
-        {"Combo3(1)", "Harmony", "Channel (Arr)"},
-        {"Combo3(2)", "Harmony", "Track"},
-        {"Combo3(3)", "Harmony", "Channel (Song Play)"},
-        {"Check3", "Harmony", "TG (Song Play)"},
-        {"HScroll3(0)", "Harmony", "Range L(Arr)"},
-        {"HScroll3(1)", "Harmony", "Range H(Arr)"},
-        {"Combo3(4)", "MIDI Channels", "GLB (Global)"},
-        {"Combo3(5)", "MIDI Channels", "ARRANG (Arrangement)"},
-        {"Combo3(6)", "MIDI Channels", "LOW (Lower)"},
-        {"Combo3(7)", "MIDI Channels", "UP2 (Upper 2)"},
-        {"Combo3(8)", "MIDI Channels", "UP1 (Upper 1)"},
-        {"Combo3(9)", "MIDI Channels", "DRM (Drum)"},
-        {"Combo3(10)", "MIDI Channels", "PER (Percussion)"},
-        {"Combo3(11)", "MIDI Channels", "BAS (Bass)"},
-        {"Combo3(12)", "MIDI Channels", "AC1 (Accomp. 1)"},
-        {"Combo3(13)", "MIDI Channels", "AC2 (Accomp. 2)"},
-        {"Combo3(14)", "MIDI Channels", "AC3 (Accomp. 3)"},
-    };
     open();
     for (const Row& row : Rows) {
         const auto* control = part<QWidget>(row.control);

@@ -99,7 +99,7 @@ TEST_F(GblWindow, aResetGoesOutWithTheNextEdit)
     key("GblCheck1(0)", Qt::Key_Space);
     const std::vector<std::string> messages = port.messages();
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(hex(unpacked(messages[0]).substr(44, 12)), hex(std::string(12, '\0')));
+    EXPECT_EQ(hex(unpackedBody(messages[0]).substr(44, 12)), hex(std::string(12, '\0')));
     EXPECT_EQ(mark(), 1);
 }
 
@@ -176,7 +176,7 @@ TEST_F(GblWindow, anUnchangedFileClosesAndFreesItsSlot)
     open();
     press("CommResetUS(0)");
     press("CommClose");
-    settle();
+    collect();
     EXPECT_TRUE(window.isNull());
     EXPECT_TRUE(run.user.questions.empty()) << "a reset alone is no change";
     EXPECT_FALSE(App.Globals[1].used);
@@ -197,7 +197,7 @@ TEST_F(GblWindow, aChangedFileAsksAndStaysOnCancel)
     EXPECT_TRUE(window->isVisible());
     EXPECT_TRUE(App.Globals[1].used);
     EXPECT_TRUE(window->unloadChild());
-    settle();
+    collect();
     EXPECT_FALSE(run.folder.has("stage1.gbl")) << "No saves nothing";
     EXPECT_FALSE(App.Globals[1].used);
 }

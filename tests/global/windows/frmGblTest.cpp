@@ -100,7 +100,7 @@ TEST_F(GblWindow, eachControlLeavesAllOtherBitsAsTheyAre)
             EXPECT_EQ(hex(parameters()), hex(with(block, act))) << act.control;
             const std::vector<std::string> messages = port.messages();
             ASSERT_EQ(messages.size(), 1U) << act.control;
-            EXPECT_EQ(hex(unpacked(messages[0])), hex(parameters())) << act.control;
+            EXPECT_EQ(hex(unpackedBody(messages[0])), hex(parameters())) << act.control;
             EXPECT_EQ(mark(), 1) << act.control;
             port.forget();
         }

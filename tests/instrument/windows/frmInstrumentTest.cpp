@@ -1,14 +1,14 @@
+// The window of the virtual instrument: what it shows of the instrument's state, in both languages, by sight and
+// speech.
 #include "instrument/frmInstrument.h"
 
-#include "core/Dichiarazioni.h"
-#include "core/NameTables.h"
+#include "../InstrumentRoom.h"
 #include "instrument/ChannelsView.h"
 #include "instrument/GaugesView.h"
 #include "instrument/GlassWidget.h"
 #include "instrument/KeysView.h"
 #include "instrument/QtInstrumentColours.h"
 #include "instrument/VirtualMidiService.h"
-#include "support/Hex.h"
 #include "support/SpokenWalk.h"
 #include "toolkit/QtLooks.h"
 
@@ -48,28 +48,15 @@ QStringList rowsOf(const QListWidget* list)
 
 } // namespace
 
-class InstrumentWindow : public testing::Test
+class InstrumentWindow : public InstrumentRoom
 {
 protected:
-    void SetUp() override
-    {
-        App = {};
-        setLanguage(2);
-        NameTablesBuild();
-    }
-    void TearDown() override { App = {}; }
-    static void setLanguage(int language)
-    {
-        App.Language = language;
-        App.LanguageBase = (language - 1) * 200;
-    }
     void open()
     {
         window.reset();
         window = std::make_unique<frmInstrument>(instrument, service);
         window->show();
     }
-    void take(const std::string& pairs) { instrument.take(bytesOf(pairs)); }
     template <typename Widget>
     Widget* find(const char* name)
     {
@@ -80,7 +67,6 @@ protected:
     QString label(const char* name) { return find<QLabel>(name)->text(); }
     QStringList rows(const char* name) { return rowsOf(find<QListWidget>(name)); }
 
-    VirtualInstrument instrument;
     VirtualMidiService service{instrument, [] { return std::string(); }};
     std::unique_ptr<frmInstrument> window;
 };
@@ -94,7 +80,7 @@ TEST_F(InstrumentWindow, hasItsNameAndTitleInBothLanguages)
     EXPECT_EQ(find<QTabWidget>("TabHeld")->tabText(0), "Arrangements");
     EXPECT_EQ(label("LabelDeviceMode"), "nothing yet");
     EXPECT_EQ(label("LabelCounts"), "Messages: 0, malformed: 0");
-    setLanguage(1);
+    speakLanguage(1);
     open();
     EXPECT_EQ(window->windowTitle(), "Strumento virtuale");
     EXPECT_EQ(label("LabelDeviceMode"), "niente ancora");
@@ -238,7 +224,7 @@ TEST_F(InstrumentWindow, everyControlHasItsNameAndEveryListAnAccessibleOne)
 TEST_F(InstrumentWindow, isSpokenWholeInBothLanguages)
 {
     for (const int language : {1, 2}) {
-        setLanguage(language);
+        speakLanguage(language);
         open();
         SpokenWalk spoken;
         spoken.walk(window.get());
@@ -267,7 +253,7 @@ TEST_F(InstrumentWindow, tellsWhatItsDrawingsShow)
 TEST_F(InstrumentWindow, nothingIsCutOffAtTheDefaultSizeInEitherLanguage)
 {
     for (const int language : {1, 2}) {
-        setLanguage(language);
+        speakLanguage(language);
         open();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
         for (const QLabel* shown : window->findChildren<QLabel*>()) {

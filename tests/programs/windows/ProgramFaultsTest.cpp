@@ -8,7 +8,7 @@ TEST_F(ProgramWindows, loadAFileThroughACableThatFails)
     frmPrgUN* window = open(Programs().record(0, Full, 0, 0, "First").record(63, 0x80, 0, 0, "Last").bytes);
     const auto load = [&] {
         press(window, "CommLoad");
-        ASSERT_TRUE(settle(window));
+        ASSERT_TRUE(settled(window));
         EXPECT_EQ(diary.back(), "status") << "the status line is free again";
     };
     const auto look = [&] {

@@ -13,21 +13,13 @@
 #include "programs/frmPcgAE.h"
 #include "programs/frmPrgUN.h"
 #include "support/CoreRun.h"
+#include "support/Unpacked.h"
 #include "support/WindowDiary.h"
-#include "toolkit/RowList.h"
-#include "toolkit/StageTimer.h"
+#include "support/WindowHands.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
-#include <QMdiArea>
 #include <QPointer>
-#include <QPushButton>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <memory>
 
 /// A program file of 30480 bytes: head with its channel at 15, records of 172 bytes from 48.
 struct Programs {
@@ -84,7 +76,7 @@ struct DiaryMonitor : MessageMonitor {
     Lines& diary;
 };
 
-class ProgramWindows : public testing::Test
+class ProgramWindows : public testing::Test, protected WindowHands
 {
 protected:
     ProgramWindows()
@@ -105,14 +97,11 @@ protected:
         Midi.MidiOutHandle = 77;
         App.GlobalChannel = 2;
         StageTimer::setTimeScale(0);
-        area = std::make_unique<QMdiArea>();
-        area->resize(1000, 800);
-        area->show();
+        openArea();
     }
     ~ProgramWindows() override
     {
-        area.reset();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        closeArea();
         StageTimer::setTimeScale(1);
         setFieldTarget(nullptr);
         MsgLogAttach(nullptr);
@@ -125,9 +114,7 @@ protected:
     template <typename Window>
     Window* show(Window* window)
     {
-        area->addSubWindow(window);
-        window->show();
-        QApplication::processEvents();
+        showInArea(window);
         forget();
         return window;
     }
@@ -188,46 +175,7 @@ protected:
                       program);
         return text;
     }
-    /// Lets what was posted and every stage timer run.
-    static bool settle(ChildWindow* window)
-    {
-        return QTest::qWaitFor(
-            [window] {
-                for (QTimer* one : window->findChildren<QTimer*>())
-                    if (auto* stage = dynamic_cast<StageTimer*>(one); stage && stage->enabled())
-                        return false;
-                return true;
-            },
-            3000);
-    }
-
-    template <typename Control>
-    static Control* control(ChildWindow* window, const char* name)
-    {
-        auto* found = window->findChild<Control*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
-    static RowList* list(ChildWindow* window) { return static_cast<RowList*>(control<QListWidget>(window, "List1")); }
     static QComboBox* channelBox(ChildWindow* window) { return control<QComboBox>(window, "Combo1"); }
-    static StageTimer* timer(ChildWindow* window, const char* name)
-    {
-        return static_cast<StageTimer*>(control<QTimer>(window, name));
-    }
-    static void press(ChildWindow* window, const char* name)
-    {
-        QTest::mouseClick(control<QPushButton>(window, name), Qt::LeftButton);
-    }
-    static QPoint place(ChildWindow* window, int row)
-    {
-        RowList* rows = list(window);
-        rows->scrollToItem(rows->item(row));
-        return rows->visualItemRect(rows->item(row)).center();
-    }
-    static void clickRow(ChildWindow* window, int row, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::mouseClick(list(window)->viewport(), Qt::LeftButton, modifiers, place(window, row));
-    }
     /// Goes to a channel, 0 to 15, with the arrow keys.
     static void chooseChannel(ChildWindow* window, int channel)
     {
@@ -250,18 +198,4 @@ protected:
     DiaryMonitor monitor{diary};
     FakeShell shell;
     PickingEditor editor;
-    std::unique_ptr<QMdiArea> area;
 };
-
-/// The instrument's side of packing: each run's first byte holds the top bits of the up to seven behind it.
-inline std::string unpackedBody(const std::string& message)
-{
-    const std::string packed = message.substr(5, message.size() - 6);
-    std::string bytes;
-    for (std::size_t run = 0; run < packed.size(); run += 8)
-        for (std::size_t i = 1; i < 8 && run + i < packed.size(); ++i) {
-            const int top = (packed[run] >> (i - 1)) & 1;
-            bytes += static_cast<char>(packed[run + i] | (top << 7));
-        }
-    return bytes;
-}

@@ -34,11 +34,6 @@ protected:
         return body;
     }
     std::string infoOnDisk() const { return run.folder.get("TvlCMInfo").substr(150, 50); }
-    static std::string fifty(std::string name)
-    {
-        name.resize(50, ' ');
-        return name;
-    }
     frmPrgUN* openChanged(bool untitled = false)
     {
         frmPrgUN* window = untitled ? openNew(2) : open(songs().bytes);
@@ -55,7 +50,7 @@ TEST_F(PrgLoad, isAnnouncedThenWalksThroughTheModes)
     press(window, "CommLoad");
     EXPECT_EQ(diary, Lines{Notice}) << "the status line paints before the send";
     EXPECT_EQ(timer(window, "TimerLoadPrg")->Interval(), 9);
-    settle(window);
+    settled(window);
     EXPECT_EQ(diary, Load);
     EXPECT_EQ(lastDump(), sentAreas(songs().bytes));
     EXPECT_EQ(timer(window, "TimerLoadPrg")->Interval(), 10);
@@ -70,7 +65,7 @@ TEST_F(PrgLoad, outOfSongPlayItGoesThereAndBack)
     frmPrgUN* window = open(songs().bytes);
     App.DeviceMode = 1;
     press(window, "CommLoad");
-    settle(window);
+    settled(window);
     EXPECT_EQ(diary, (Lines{Notice, ArrPlay, SongPlay, ArrPlay, Dump, SongPlay, "status"}));
     EXPECT_EQ(App.DeviceMode, 1);
 }
@@ -80,7 +75,7 @@ TEST_F(PrgLoad, outOfGlobalItStaysInArrangementPlay)
     frmPrgUN* window = open(songs().bytes);
     App.DeviceMode = 2;
     press(window, "CommLoad");
-    settle(window);
+    settled(window);
     EXPECT_EQ(diary, Load);
     EXPECT_EQ(App.DeviceMode, 0);
 }
@@ -91,14 +86,14 @@ TEST_F(PrgLoad, ofAPggBlanksItsReferencesAndOfAPrgNothing)
     blanked.replace(5 * 172, 20, std::string(20, '\0'));
     frmPrgUN* window = open(references().bytes, 1, 1);
     press(window, "CommLoad");
-    settle(window);
+    settled(window);
     EXPECT_EQ(lastDump(), blanked);
     EXPECT_EQ(user.prgLabel, "song.pgg");
 
     forget();
     window = open(references().bytes, 2, 0);
     press(window, "CommLoad");
-    settle(window);
+    settled(window);
     EXPECT_EQ(lastDump(), sentAreas(references().bytes));
     EXPECT_EQ(user.prgLabel, "song.prg");
 }
@@ -108,7 +103,7 @@ TEST_F(PrgLoad, theMonitorShowsTheDumpAfterTheModes)
     frmPrgUN* window = open(songs().bytes);
     openMonitor();
     press(window, "CommLoad");
-    settle(window);
+    settled(window);
     EXPECT_EQ(diary, (Lines{Notice, "log cleared", SongPlay, "log " + SongPlay, "log cleared", ArrPlay,
                             "log " + ArrPlay, "log cleared", Dump, "log (14992)", "status"}));
 }
@@ -117,7 +112,7 @@ TEST_F(PrgLoad, fromTheMenuGoesTheSameWay)
 {
     frmPrgUN* window = open(songs().bytes);
     timer(window, "TimerLoadPrg")->enable();
-    settle(window);
+    settled(window);
     EXPECT_EQ(diary, Load);
 }
 
@@ -126,7 +121,7 @@ TEST_F(PrgLoad, pressedTwiceBeforeItSendsSendsOnce)
     frmPrgUN* window = open(songs().bytes);
     press(window, "CommLoad");
     press(window, "CommLoad");
-    settle(window);
+    settled(window);
     EXPECT_EQ(diary, Load);
 }
 
@@ -148,7 +143,7 @@ TEST_F(PrgLoad, pressedDuringTheTransmissionBeginsWithItsFirstStageAndTheTimerFi
     Midi.service = &pressing;
     pressing.during = [&] { press(window, "CommLoad"); };
     press(window, "CommLoad");
-    settle(window);
+    settled(window);
     EXPECT_EQ(diary, (Lines{Notice, SongPlay, ArrPlay, Dump, Notice, "status", SongPlay, ArrPlay, Dump, "status"}));
     Midi.service = &port;
 }
@@ -159,7 +154,7 @@ TEST_F(PrgLoad, whatCannotBeNotedIsReportedAndChangesNothingElse)
     App.InfoPrg = "before";
     App.StateDir = run.folder.path() + "/gone";
     press(window, "CommLoad");
-    settle(window);
+    settled(window);
     EXPECT_EQ(diary, Load);
     EXPECT_EQ(user.warnings.size(), 1U);
     EXPECT_EQ(App.InfoPrg, "before");
@@ -181,11 +176,11 @@ TEST_F(PrgLoad, theInstrumentHoldsTheFilesPrograms)
     ASSERT_EQ(service.midiOutOpen(Midi.MidiOutHandle, 0), 0);
     frmPrgUN* window = open(songs().bytes);
     press(window, "CommLoad");
-    settle(window);
+    settled(window);
     EXPECT_EQ(instrument.programs(), songs().bytes.substr(48, 11008));
     EXPECT_EQ(instrument.programSecondArea(), songs().bytes.substr(23096, 2104));
     clickRow(window, 63);
-    settle(window);
+    settled(window);
     EXPECT_EQ(instrument.selectedProgramName(0), "Last");
     EXPECT_EQ(instrument.malformedCount(), 0);
     Midi.service = &port;

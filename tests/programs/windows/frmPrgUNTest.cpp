@@ -31,7 +31,7 @@ protected:
     frmPrgUN* openUsual() { return open(usual(), 1, 1); }
     std::string played(ChildWindow* window)
     {
-        settle(window);
+        settled(window);
         return sent();
     }
 };
@@ -232,7 +232,7 @@ TEST_F(PrgWindow, theMonitorShowsWhatAClickSends)
     openMonitor();
     clickRow(window, 4);
     EXPECT_TRUE(diary.empty()) << "it is sent in a fresh event";
-    settle(window);
+    settled(window);
     EXPECT_EQ(diary, (Lines{"log cleared", "B2 00 00", "B2 20 01", "C2 64", "log B2 00 00 B2 20 01 C2 64"}));
 }
 
@@ -281,7 +281,7 @@ TEST_F(PrgWindow, anUntitledFileIsPickedFromInTheSameWay)
     Files.PrgBuffer = usual();
     frmPrgUN* window = show(new frmPrgUN(22, 2));
     clickRow(window, 0);
-    settle(window);
+    settled(window);
     clickRow(window, 4);
     EXPECT_EQ(played(window), "");
     EXPECT_EQ(editor.picked, (Lines{"0 3 Sabato Lead (U 11)", "100 1 Referred 3 (D 15)"}));

@@ -1,9 +1,9 @@
 // The loads of a style window: which bytes go out and when, what the user sees meanwhile, what ends them.
 #include "StyleWindows.h"
 
-#include "../StyleFixture.h"
 #include "instrument/VirtualInstrument.h"
 #include "instrument/VirtualMidiService.h"
+#include "support/Unpacked.h"
 
 namespace
 {
@@ -30,19 +30,6 @@ protected:
     }
     Monitor monitor;
 };
-
-struct Unpack : StyleTest {
-    using StyleTest::unpackedBody;
-    void TestBody() override {}
-};
-
-Lines joined(std::initializer_list<Lines> parts)
-{
-    Lines all;
-    for (const Lines& part : parts)
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
 
 } // namespace
 
@@ -72,7 +59,7 @@ TEST_F(StyleWindowLoads, aGroupsBytesAreItsDescriptorsAndBlocks)
     const frmStyUN* window = open(sixteen());
     press(window, "CommLoadStyGrp(1)");
     ASSERT_TRUE(settled(window));
-    const std::string body = Unpack::unpackedBody(longMessages().at(0));
+    const std::string body = unpackedBody(longMessages().at(0));
     EXPECT_EQ(hex(body.substr(0, 24)), "18 00 00 81 2C 00 44 00 00 81 2D 00 71 00 00 81 2E 00 9F 00 00 81 2F 00");
     EXPECT_EQ(body.substr(24), sixteen().substr(224 + 166, 182));
 }
@@ -224,7 +211,7 @@ TEST_F(StyleWindowLoads, theBufferIsReadAfreshAtEachGroup)
     ASSERT_TRUE(until("C2 00"));
     std::string second = longMessages().at(1);
     second[2] = 0x30; // as a message of channel 1
-    EXPECT_EQ(Unpack::unpackedBody(second).substr(24, 7), "Changed");
+    EXPECT_EQ(unpackedBody(second).substr(24, 7), "Changed");
 }
 
 TEST_F(StyleWindowLoads, oneLoadRunsAtATime)
@@ -263,7 +250,7 @@ TEST_F(StyleWindowLoads, aDamagedFilesGroupGoesOutAsFarAsItIsThere)
     press(window, "CommLoadSty");
     ASSERT_TRUE(until("C0 00"));
     ASSERT_EQ(longMessages().size(), 1U) << "the second group has no slot";
-    const std::string body = Unpack::unpackedBody(longMessages()[0]);
+    const std::string body = unpackedBody(longMessages()[0]);
     EXPECT_EQ(hex(body.substr(0, 24)), "18 00 00 80 28 00 40 00 00 80 50 C3 90 00 C3 80 32 00 C2 00 C3 80 3C 00");
     EXPECT_EQ(body.substr(24), file.substr(224));
     EXPECT_TRUE(user.warnings.empty());

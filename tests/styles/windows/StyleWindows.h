@@ -12,19 +12,10 @@
 #include "support/CoreRun.h"
 #include "support/StyleFiles.h"
 #include "support/WindowDiary.h"
-#include "toolkit/RowList.h"
-#include "toolkit/StageTimer.h"
+#include "support/WindowHands.h"
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMdiArea>
-#include <QPushButton>
-#include <QTest>
-#include <gtest/gtest.h>
-
-#include <memory>
 
 /// The message monitor's window, as far as callers see it.
 struct Monitor : MessageMonitor {
@@ -47,13 +38,7 @@ struct StyleField : FieldTarget {
     }
 };
 
-/// The shell, with the edit menu counted.
-struct StyleShell : FakeShell {
-    int popups = 0;
-    void popupEditMenu() override { ++popups; }
-};
-
-class StyleWindows : public testing::Test
+class StyleWindows : public testing::Test, protected WindowHands
 {
 protected:
     StyleWindows()
@@ -70,14 +55,11 @@ protected:
         std::string info(1000, ' ');
         run.folder.put("TvlCMInfo", info.replace(0, 9, "TvlCMInfo"));
         StageTimer::setTimeScale(0.02);
-        area = std::make_unique<QMdiArea>();
-        area->resize(1000, 800);
-        area->show();
+        openArea();
     }
     ~StyleWindows() override
     {
-        area.reset();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        closeArea();
         StageTimer::setTimeScale(1);
         MsgLogAttach(nullptr);
         setFieldTarget(nullptr);
@@ -94,9 +76,7 @@ protected:
     template <typename Window>
     Window* show(Window* made)
     {
-        area->addSubWindow(made);
-        made->show();
-        QApplication::processEvents();
+        showInArea(made);
         diary.clear();
         port.forget();
         return made;
@@ -127,46 +107,12 @@ protected:
         return styFile(blocks);
     }
 
-    template <typename Control>
-    static Control* control(const ChildWindow* window, const QString& name)
-    {
-        auto* found = window->findChild<Control*>(name);
-        EXPECT_NE(found, nullptr) << name.toStdString();
-        return found;
-    }
-    static RowList* list(const ChildWindow* window)
-    {
-        return static_cast<RowList*>(control<QListWidget>(window, "List1"));
-    }
-    static StageTimer* timer(const ChildWindow* window, const QString& name)
-    {
-        return static_cast<StageTimer*>(control<QTimer>(window, name));
-    }
-    static std::string text(const ChildWindow* window, const QString& name)
-    {
-        return control<QLineEdit>(window, name)->text().toLatin1().toStdString();
-    }
     static Lines texts(const ChildWindow* window, const char* array, int count)
     {
         Lines found;
         for (int index = 0; index < count; ++index)
             found.push_back(text(window, QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index)));
         return found;
-    }
-    static bool enabled(const ChildWindow* window, const QString& name)
-    {
-        return control<QPushButton>(window, name)->isEnabled();
-    }
-    static void press(const ChildWindow* window, const QString& name)
-    {
-        QTest::mouseClick(control<QPushButton>(window, name), Qt::LeftButton);
-    }
-    static void clickRow(const ChildWindow* window, int row, Qt::KeyboardModifiers modifiers = {},
-                         Qt::MouseButton button = Qt::LeftButton)
-    {
-        RowList* rows = list(window);
-        rows->scrollToItem(rows->item(row));
-        QTest::mouseClick(rows->viewport(), button, modifiers, rows->visualItemRect(rows->item(row)).center());
     }
     /// A press of the right button as the platform asks for a menu.
     static void rightPress(QWidget* place)
@@ -175,32 +121,8 @@ protected:
         QContextMenuEvent event(QContextMenuEvent::Mouse, middle, place->mapToGlobal(middle));
         QApplication::sendEvent(place, &event);
     }
-    /// Lets events run until no stage timer of the window is enabled.
-    static bool settled(const ChildWindow* window)
-    {
-        return QTest::qWaitFor(
-            [window] {
-                for (QTimer* one : window->findChildren<QTimer*>())
-                    if (auto* stage = dynamic_cast<StageTimer*>(one); stage && stage->enabled())
-                        return false;
-                return true;
-            },
-            10000);
-    }
-    std::vector<std::string> longMessages() const
-    {
-        std::vector<std::string> found;
-        for (const std::string& message : port.messages())
-            if (message.size() > 8)
-                found.push_back(message);
-        return found;
-    }
+    std::vector<std::string> longMessages() const { return port.longMessages(); }
     std::string styleInTheInfoFile() const { return run.folder.get("TvlCMInfo").substr(100, 50); }
-    static std::string fifty(std::string name)
-    {
-        name.resize(50, ' ');
-        return name;
-    }
     bool asked(const std::string& title) const
     {
         return !user.questions.empty() && user.questions.back().title == title;
@@ -210,6 +132,5 @@ protected:
     Lines diary;
     DiaryUser user{diary};
     DiaryService port{diary};
-    StyleShell shell;
-    std::unique_ptr<QMdiArea> area;
+    FakeShell shell;
 };
