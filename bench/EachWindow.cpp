@@ -133,12 +133,6 @@ std::vector<OneWindow> modalWindows()
     };
 }
 
-void paintAll()
-{
-    QApplication::sendPostedEvents();
-    QApplication::processEvents();
-}
-
 void settleStages()
 {
     QElapsedTimer clock;

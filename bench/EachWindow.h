@@ -23,8 +23,6 @@ struct OneWindow {
 std::vector<OneWindow> childWindows();
 std::vector<OneWindow> modalWindows();
 
-/// All that was posted, and the painting that it asks for.
-void paintAll();
 /// The same until no stage of any window is due any more.
 void settleStages();
 /// Closes a window and lets its memory go. Nothing is asked.

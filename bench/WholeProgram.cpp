@@ -6,6 +6,7 @@
 #include "core/StateFiles.h"
 #include "shell/QtProgram.h"
 
+#include <QApplication>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -28,6 +29,24 @@ void beginHome(const std::string& dataFolder, bool loadsBySelf)
     DeviceRecordCreate();
     setenv("XDG_DATA_HOME", dataFolder.c_str(), 1);
     std::filesystem::current_path(TARVOLYNE_BIN_DIR);
+}
+
+void beginOffscreenHome(bool loadsBySelf)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
+    std::string folder = "/tmp/tarvolyne-bench-XXXXXX";
+    if (!mkdtemp(folder.data())) {
+        std::perror("/tmp");
+        std::exit(1);
+    }
+    beginHome(folder, loadsBySelf);
+}
+
+void paintAll()
+{
+    QApplication::sendPostedEvents();
+    QApplication::processEvents();
 }
 
 int runInside(SilentService& service, const std::function<int()>& measure)

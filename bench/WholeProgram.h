@@ -11,6 +11,13 @@
 /// working folder becomes the one of the templates. `loadsBySelf` checks the preferences of the automatic loads.
 void beginHome(const std::string& dataFolder, bool loadsBySelf = false);
 
+/// The same in a new folder, for a process that runs without a screen and is quiet about it. Ends the process where no
+/// folder can be made.
+void beginOffscreenHome(bool loadsBySelf = false);
+
+/// All that was posted, and the painting that it asks for.
+void paintAll();
+
 /// Runs the program; `measure` runs inside its event loop once the main window stands, and the process ends with its
 /// result. The home is removed.
 int runInside(SilentService& service, const std::function<int()>& measure);

@@ -108,11 +108,7 @@ int main(int argc, char** argv)
     const bool judge = argc > 2 && std::string(argv[2]) == "judge";
     if (clicks < 1)
         return 2;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    std::string folder = "/tmp/tarvolyne-bench-XXXXXX";
-    if (!mkdtemp(folder.data()))
-        return 1;
-    beginHome(folder, true);
+    beginOffscreenHome(true);
     SilentService service;
     return runInside(service, [&] { return measure(service, clicks, judge); });
 }

@@ -44,12 +44,6 @@ QWidget* control(const char* name)
     return found;
 }
 
-void paintAll()
-{
-    QApplication::sendPostedEvents();
-    QApplication::processEvents();
-}
-
 void pressEdit()
 {
     static_cast<QPushButton*>(control("CommEdit"))->click();
@@ -166,11 +160,7 @@ BENCHMARK(sweepFader)->Unit(benchmark::kMicrosecond); // the last: it leaves the
 int main(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    std::string folder = "/tmp/tarvolyne-bench-XXXXXX";
-    if (!mkdtemp(folder.data()))
-        return 1;
-    beginHome(folder);
+    beginOffscreenHome();
     return runInside(service, [] {
         App.shell->openPath(samples() + "/song.arr", ArrKind, false);
         paintAll();

@@ -95,12 +95,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "usage: bench_growth TIMES\n");
         return 2;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
-    std::string folder = "/tmp/tarvolyne-bench-XXXXXX";
-    if (!mkdtemp(folder.data()))
-        return 1;
-    beginHome(folder);
+    beginOffscreenHome();
     writeDatabase();
     SilentService service;
     const std::string wanted = argc > 2 ? argv[2] : "";

@@ -121,11 +121,7 @@ int main(int argc, char** argv)
     const bool judge = argc > 2 && std::string(argv[2]) == "judge";
     if (presses < 1)
         return 2;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    std::string folder = "/tmp/tarvolyne-bench-XXXXXX";
-    if (!mkdtemp(folder.data()))
-        return 1;
-    beginHome(folder);
+    beginOffscreenHome();
     SilentService service;
     return runInside(service, [&] { return measure(service, presses, judge); });
 }

@@ -24,12 +24,6 @@ QMdiArea* area()
     std::abort();
 }
 
-void paintAll()
-{
-    QApplication::sendPostedEvents();
-    QApplication::processEvents();
-}
-
 /// Closes the child and lets it go, outside of the measured time.
 void closeChild(benchmark::State& state, const char* list)
 {
@@ -76,11 +70,7 @@ BENCHMARK(floorBareChild)->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    std::string folder = "/tmp/tarvolyne-bench-XXXXXX";
-    if (!mkdtemp(folder.data()))
-        return 1;
-    beginHome(folder);
+    beginOffscreenHome();
     SilentService service;
     return runInside(service, [] {
         paintAll();

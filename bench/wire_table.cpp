@@ -1,6 +1,7 @@
 // What becomes of a long SysEx message, by the way it is sent: how many bytes arrive at the end of the cable, what the
 // sender was told, and how long it took against the cable's own time. Run by bench/wire in a virtual machine.
 #include "BusyLoops.h"
+#include "Dumps.h"
 #include "UsbMidiDevice.h"
 #include "midi/AlsaMidiService.h"
 
@@ -30,19 +31,6 @@ struct Way {
     const char* name;
     std::function<Told(const UsbMidiDevice&, const std::string&)> send;
 };
-
-std::string messageOf(std::size_t size)
-{
-    std::string bytes(size, '\0');
-    unsigned state = 1;
-    for (char& byte : bytes) {
-        state = state * 1103515245U + 12345U;
-        byte = static_cast<char>(state >> 16 & 0x7FU);
-    }
-    bytes.front() = '\xF0';
-    bytes.back() = '\xF7';
-    return bytes;
-}
 
 Told byTarvolyne(const UsbMidiDevice&, const std::string& message)
 {
@@ -112,7 +100,7 @@ const std::vector<Way> Ways = {
 /// "12288 done 1.008": what arrived whole, or how much of it.
 void printCell(const Way& way, const UsbMidiOptions& options, std::size_t size)
 {
-    const std::string message = messageOf(size);
+    const std::string message = dumpOf(size);
     std::ofstream(MessageFile, std::ios::binary) << message;
     UsbMidiDevice device(options);
     const Told told = way.send(device, message);

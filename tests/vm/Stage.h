@@ -1,26 +1,13 @@
 // What the tests on a real kernel share: the service opened as the program opens it, dumps, and the kernel's own words.
 #pragma once
 
+#include "Dumps.h"
 #include "UsbMidiDevice.h"
 #include "midi/AlsaMidiService.h"
 
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
-
-/// A SysEx message of so many bytes whose data shows a lost or doubled byte anywhere.
-inline std::string dumpOf(std::size_t size)
-{
-    std::string bytes(size, '\0');
-    unsigned state = 1;
-    for (char& byte : bytes) {
-        state = state * 1103515245U + 12345U;
-        byte = static_cast<char>(state >> 16 & 0x7FU);
-    }
-    bytes.front() = '\xF0';
-    bytes.back() = '\xF7';
-    return bytes;
-}
 
 /// The service with its output open.
 struct OpenedService {
