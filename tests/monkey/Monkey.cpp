@@ -54,10 +54,13 @@ void Monkey::tell(const QString& text)
 void Monkey::measure()
 {
     const double now = processorTime();
-    if (began_ >= 0 && now - began_ > longest_) {
-        longest_ = now - began_;
+    const double took = began_ < 0 ? 0 : now - began_;
+    if (took > longest_) {
+        longest_ = took;
         longestText_ = std::to_string(events_) + " " + text_;
     }
+    if (took > mostMilliseconds && onLongEvent)
+        onLongEvent(std::to_string(static_cast<long long>(took)) + " ms for one event: " + text_);
 }
 
 void Monkey::runEnded()

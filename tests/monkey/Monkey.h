@@ -24,6 +24,10 @@ public:
     /// Called every thousand events at rest, with the main window.
     std::function<void(const frmMain&)> onRest;
     std::function<void(const QString&)> onTrace; ///< may be empty
+    /// Called when an event took the processor for longer than `mostMilliseconds`, with what it was. Starts are not
+    /// counted. Here no send waits for a cable, and a disk's time is not the processor's.
+    std::function<void(const std::string&)> onLongEvent;
+    double mostMilliseconds = 1000;
 
     /// One event; to be called by the loop when it is idle. After the last one the windows are closed.
     void act();

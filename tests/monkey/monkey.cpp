@@ -1,5 +1,6 @@
-// monkey SEED EVENTS [--until N] [--trace]: the whole program in a world of its own, pressed at random. Ends with 0
-// when nothing was found. --until stops after that event, --trace tells each event before it is done.
+// monkey SEED EVENTS [--until N] [--trace] [--most MS]: the whole program in a world of its own, pressed at random.
+// Ends with 0 when nothing was found. --until stops after that event, --trace tells each event before it is done,
+// --most is the longest that one event may take the processor (1000 ms; a memory checker wants more).
 #include "monkey/Monkey.h"
 #include "core/Dichiarazioni.h"
 #include "files/WindowBuffer.h"
@@ -27,13 +28,14 @@ struct Order {
     std::uint64_t seed = 1;
     long long events = 1000;
     bool trace = false;
+    double most = 1000; ///< milliseconds of the processor an event
 };
 
 Order orderOf(int argc, char** argv)
 {
     Order order;
     if (argc < 3) {
-        std::fprintf(stderr, "monkey SEED EVENTS [--until N] [--trace]\n");
+        std::fprintf(stderr, "monkey SEED EVENTS [--until N] [--trace] [--most MS]\n");
         std::exit(2);
     }
     order.seed = std::strtoull(argv[1], nullptr, 10);
@@ -43,6 +45,8 @@ Order orderOf(int argc, char** argv)
             order.trace = true;
         if (std::strcmp(argv[index], "--until") == 0 && index + 1 < argc)
             order.events = std::min(order.events, static_cast<long long>(std::atoll(argv[++index])));
+        if (std::strcmp(argv[index], "--most") == 0 && index + 1 < argc)
+            order.most = std::atof(argv[++index]);
     }
     return order;
 }
@@ -58,6 +62,8 @@ public:
             Account::at(monkey_.events() + 1);
             monkey_.act();
         };
+        monkey_.mostMilliseconds = order.most;
+        monkey_.onLongEvent = [](const std::string& text) { Account::fail(text); };
         monkey_.onRest = [this](const frmMain& window) { look(window); };
         if (order.trace)
             monkey_.onTrace = [](const QString& text) { std::fprintf(stderr, "%s\n", qPrintable(text)); };
