@@ -71,7 +71,7 @@ int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker
 int runInApplication(MidiService& service, const CompanionMaker& makeCompanion)
 {
     QApplication::setWindowIcon(programIcon());
-    Looks::useReadableAccent();
+    Looks::useReadableStyle();
     // The end of the main window ends the program, whatever other window stands.
     QApplication::setQuitOnLastWindowClosed(false);
 

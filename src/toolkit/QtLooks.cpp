@@ -1,8 +1,6 @@
 // Measuring contrast, and moving colours until they have it.
 #include "toolkit/QtLooks.h"
 
-#include <QApplication>
-#include <QProxyStyle>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QWidget>
@@ -31,27 +29,6 @@ QColor between(const QColor& from, const QColor& to, int step)
     return {part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue())};
 }
 
-/// The first colour on the way from one to another that has a contrast to a ground.
-QColor onTheWay(const QColor& from, const QColor& to, const QColor& ground, qreal wanted)
-{
-    for (int step = 0; step < Steps; ++step)
-        if (const QColor colour = between(from, to, step); Looks::contrast(colour, ground) >= wanted)
-            return colour;
-    return to;
-}
-
-/// The desktop's own style, which has the last word on its palette.
-class ReadableStyle final : public QProxyStyle
-{
-public:
-    using QProxyStyle::polish;
-    void polish(QPalette& palette) override
-    {
-        QProxyStyle::polish(palette);
-        palette = Looks::readable(palette);
-    }
-};
-
 } // namespace
 
 QFont Looks::listFont(const QWidget* window)
@@ -66,6 +43,14 @@ qreal Looks::contrast(const QColor& one, const QColor& other)
     const qreal a = luminance(one);
     const qreal b = luminance(other);
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+QColor Looks::onTheWay(const QColor& from, const QColor& to, const QColor& ground, qreal wanted)
+{
+    for (int step = 0; step < Steps; ++step)
+        if (const QColor colour = between(from, to, step); contrast(colour, ground) >= wanted)
+            return colour;
+    return to;
 }
 
 QColor Looks::accentOn(const QPalette& palette, const QColor& ground)
@@ -85,8 +70,6 @@ QPalette Looks::readable(QPalette palette)
     }
     return palette;
 }
-
-void Looks::useReadableAccent() { QApplication::setStyle(new ReadableStyle); }
 
 QTabWidget* Looks::makePages(QWidget* content)
 {

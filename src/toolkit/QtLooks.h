@@ -29,16 +29,20 @@ QFont listFont(const QWidget* window);
 /// Contrast of two colours as the accessibility guidelines count it, 1 to 21.
 qreal contrast(const QColor& one, const QColor& other);
 
+/// The first colour on the way from one to another that has a contrast to a ground; the other where none has.
+QColor onTheWay(const QColor& from, const QColor& to, const QColor& ground, qreal wanted);
+
 /// The accent of the palette, lightened until it stands out from a dark ground.
 QColor accentOn(const QPalette& palette, const QColor& ground);
 
 /// The palette with an accent on which a selected row can be read; equal to `palette` where it can be already.
 QPalette readable(QPalette palette);
 
-/// Gives the palette that the desktop asks for, now and whenever it asks for another, a readable accent. All widgets go
-/// on sharing one palette: one set on the application by hand would be copied for each of them, and the toolkit would
-/// keep the drawings of every copy.
-void useReadableAccent();
+/// Gives the program the desktop's own style, made readable: the palette that the desktop asks for, now and whenever it
+/// asks for another, gets a readable accent; a dark theme gets outlines that can be seen, and the focus a ring. All
+/// widgets go on sharing one palette: one set on the application by hand would be copied for each of them, and the
+/// toolkit would keep the drawings of every copy.
+void useReadableStyle();
 
 /// The pages of a window with very many controls, SSTab1, in type a little smaller than the desktop's; `content`, their
 /// parent, gets that type too.

@@ -55,7 +55,7 @@ TEST(Accent, standsOutFromADarkGround)
 class StyledAccent : public testing::Test
 {
 protected:
-    StyledAccent() { Looks::useReadableAccent(); }
+    StyledAccent() { Looks::useReadableStyle(); }
     ~StyledAccent() override { QApplication::setStyle(QStringLiteral("fusion")); }
 };
 
