@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Reads from the executables themselves that an optimised build is hardened: a position of its own at each start, a
 # stack that is guarded and cannot run, addresses that are resolved and locked before main, the C library's checked
-# calls, and landing marks for indirect jumps where the processor has them.
+# calls, and landing marks for indirect jumps where the processor has them. And that it neither runs another program, nor
+# opens a connection, nor reads the environment by itself: the calls that would are not among its own.
 set -euo pipefail
 failed=0
 fewest_marks=500 # of some thousand functions
@@ -40,6 +41,9 @@ for program in "$@"; do
     never "$program" 'looks for libraries in folders of its own' '\((RPATH|RUNPATH)\)'
     must "$program" 'no stack is guarded (stack protector)' '__stack_chk_fail'
     must "$program" 'no call of the C library is checked (FORTIFY_SOURCE)' ' __[a-z]+_chk@'
+    never "$program" 'runs another program' ' (v?fork|system|popen|exec[lv]p?e?|posix_spawnp?)@|QProcess|QDesktopServices'
+    never "$program" 'opens a connection' ' (socket|connect|bind|listen|accept4?|getaddrinfo)@|Q(Tcp|Udp|Local)Socket|QNetwork'
+    never "$program" 'reads the environment by itself' ' (secure_)?getenv@|qgetenv|qEnvironmentVariable'
     if grep -qE 'Machine: .*X86-64' <<<"$told"; then
         # By the marks themselves: the note of them is dropped where the system's own start files have none.
         marks=$(objdump --disassemble --no-show-raw-insn "$program" | grep -cw endbr64 || true)
