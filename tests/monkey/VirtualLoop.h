@@ -14,6 +14,7 @@ public:
     std::function<void()> onIdle;
     /// Moves the clock; timers fire at the loop's next turns.
     void pass(int milliseconds) { now_ += milliseconds; }
+    [[nodiscard]] qint64 now() const { return now_; } ///< milliseconds since the loop was made
 
     bool processEvents(QEventLoop::ProcessEventsFlags flags) override;
     void registerSocketNotifier(QSocketNotifier*) override {}

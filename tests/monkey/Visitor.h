@@ -42,6 +42,8 @@ public:
     /// Closes a window without keeping what was changed in it.
     void close(ChildWindow& child);
     void closeAll();
+    /// What the program said and asked for so far is of no account any more; a save asks with the bytes of its file.
+    void forgetWhatWasSaid() { user = ScriptedUser(); }
 
 private:
     void beIdle(const std::function<void()>& script);
