@@ -20,8 +20,8 @@ struct Sharing : OnRealKernel {
     /// What ./run would start on this machine, as root or by a command that takes its rights.
     static std::string startedByRun(const std::string& as = "")
     {
-        return outputOf(as + " bash -euo pipefail -c '. " TARVOLYNE_SOURCE_DIR
-                             "/scripts/choose.sh; choose_program; echo $program: $reason'");
+        return outputOf(as + " bash -euo pipefail -c '. \"" TARVOLYNE_SOURCE_DIR
+                             "/scripts/choose.sh\"; choose_program; echo $program: $reason'");
     }
 };
 
