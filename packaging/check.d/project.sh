@@ -56,15 +56,15 @@ row_spelling() {
     shellcheck -x "${scripts[@]}" || fault "shellcheck"
 }
 
-# The rows below are proved by tests; these are their names.
+# The rows below are proved by tests; these are their names, each a pattern that a test must have.
 words_tests='EveryWord\.ofTheSmallWindowsAndDialogsStandsInTheTables|MessageBoxes\.speakTheLanguageOfTheRun'
-scale_tests='pictures\.ofEveryWindow|EveryWord\.fitsIntoItsWindow'
-dark_tests='Contrast\.|TextIn\.|Accent\.|Focus\.isSeenOnEachControlOfADarkDesktop'
-key_tests='KeysEverywhere\.noLetter|KeysOnly\.'
-accessibility_tests='SpokenWindows\.|speaksOfEachControlToAScreenReader'
-silent_tests='NoDevice\.'
+scale_tests='pictures\.ofEveryWindow|EveryWord\.fitsIntoItsWindow|TypeOf\.hundredPercent|TypeOf\.hundredAndFifty|TypeOf\.twoHundred|TypeOf\.twelvePointsFitsASmallScreen'
+dark_tests='Contrast\.|TextIn\.aDarkTheme|TextIn\.aLightTheme|Off\.isSeenOnEachControlOfADarkTheme|Accent\.|Focus\.isSeenOnEachControlOfADarkDesktop'
+key_tests='KeysEverywhere\.noLetterStandsTwiceInAMenu|KeysEverywhere\.noLetterStandsTwiceInAWindow|KeysEverywhere\.theLettersOfButtons|MainWindow\.standardActsHaveTheDesktopsKeys|EditMenu\.rowsChosenByControlTravelByTheStandardKeys|KeysOnly\.'
+accessibility_tests='SpokenWindows\.everyControl|SpokenWindows\.theDialogs|SpokenWindows\.theDrawnKeyboard|InstrumentWindow\.isSpokenWhole|Editor\.speaksOfEachControlToAScreenReader'
+silent_tests='NoDevice\.isSaidAndTheProgramEditsFiles|NoDevice\.isSaidInItalian|AlsaService\.countsNoDeviceWithoutASequencerOrWithoutTheRightToIt'
 visible_tests='MainWindow\.aPlaceOffEveryScreenIsShownInViewAndKeptAsItWas|Children\.areMovedIntoViewWhileTheStoredPlaceStays'
-progress_tests='SendProgress\.(showsABarOnly|tellsTheSeconds|aSendThatBrokeOff)|StatusPanel\.standsInItsOrder'
+progress_tests='SendProgress\.showsABarOnly|SendProgress\.tellsTheSeconds|SendProgress\.aSendThatBrokeOff|StatusPanel\.standsInItsOrder|Update\.addAll'
 all_tests="$words_tests|$scale_tests|$dark_tests|$key_tests|$accessibility_tests|$silent_tests|$visible_tests|$progress_tests"
 row_toolkit_words() { tests "$words_tests"; }
 row_looks_scale() { tests "$scale_tests"; }

@@ -66,23 +66,30 @@ row_window_class() {
     done
 }
 
-# What a first session writes, by the calls that open for writing, make folders and rename; and what the home folder
-# holds after it.
+# What a first session of each command writes, by the calls that open for writing, make folders and rename; and what the
+# home folder holds after it.
 row_traces() {
-    local home=$work/empty process written
+    local name
     slow || return
     needs strace:strace || return
     need_desk || return
-    mkdir "$home"
-    run_first tarvolyne-virtual Tarvolyne-virtual "$home" \
-        strace -f -qq -o "$work/trace" -e trace=openat,open,creat,mkdir,mkdirat,rename,renameat,renameat2,unlink,unlinkat,link,linkat,symlink || return
-    xdotool windowactivate --sync "$(desk_main Tarvolyne-virtual)" key --clearmodifiers alt+F4
-    desk_until 60 desk_gone "$process" || { fault "it does not end"; return; }
+    for name in tarvolyne tarvolyne-virtual; do
+        trace_of "$name" "$work/empty.$name"
+    done
+}
+
+# trace_of COMMAND HOME
+trace_of() {
+    local command=$1 home=$2 process written
+    local calls=openat,open,creat,mkdir,mkdirat,rename,renameat,renameat2,unlink,unlinkat,link,linkat,symlink
+    run_first "$command" "${command^}" "$home" strace -f -qq -o "$work/trace" -e trace="$calls" || return
+    xdotool windowactivate --sync "$(desk_main "${command^}")" key --clearmodifiers alt+F4
+    desk_until 60 desk_gone "$process" || { fault "$command does not end"; return; }
     written=$(grep -E 'O_WRONLY|O_RDWR|O_CREAT|mkdir|rename|unlink|link\(' "$work/trace" | grep -v ' = -1 ' |
         grep -oE '"[^"]+"' | tr -d '"' | sort -u)
-    grep -q "^$home/.local/share/tarvolyne/Tarvolyne.ini" <<<"$written" || fault "the trace saw nothing"
+    grep -q "^$home/.local/share/tarvolyne/Tarvolyne.ini" <<<"$written" || fault "$command: the trace saw nothing"
     grep -vE "^$home/\.local(/share(/tarvolyne(/.*)?)?)?\$|^/dev/|^/proc/|^/memfd:|^/tmp/qipc" <<<"$written" >"$work/strange" || true
-    [ ! -s "$work/strange" ] || fault "written: $(cat "$work/strange")"
+    [ ! -s "$work/strange" ] || fault "$command: written: $(cat "$work/strange")"
     [ "$(find "$home" -mindepth 1 -maxdepth 1 -printf '%f ')" = ".local " ] || fault "in the home folder: $(ls -A "$home")"
     [ "$(find "$home/.local" -mindepth 1 -maxdepth 2 -printf '%P ')" = "share share/tarvolyne " ] || fault "$(find "$home")"
 }
