@@ -25,7 +25,7 @@ void packing(benchmark::State& state)
     const ByteBuffer source = randomBytes();
     for ([[maybe_unused]] auto turn : state)
         benchmark::DoNotOptimize(packedSevenBit(source));
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * Size));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(Size));
 }
 
 void floorMemcpy(benchmark::State& state)
@@ -37,7 +37,7 @@ void floorMemcpy(benchmark::State& state)
         benchmark::DoNotOptimize(copy.data());
         benchmark::ClobberMemory();
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * Size));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(Size));
 }
 
 void floorEachByte(benchmark::State& state)
@@ -49,7 +49,7 @@ void floorEachByte(benchmark::State& state)
             copy[i] = static_cast<char>(source[i] & 0x7F);
         benchmark::DoNotOptimize(copy);
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * Size));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(Size));
 }
 
 } // namespace

@@ -43,12 +43,21 @@ protected:
     }
     std::string text(const char* name) { return desk().control("frmEditArr", name).text(); }
 
+    // The steps of a session: what each sends, and what it makes of `arr`.
+    void rename();
+    void tickMarks();
+    void changeTempoAndLists();
+    void changeATrack();
+    void closeAndSave();
+    void lookAgain();
+
     std::string arr; ///< the file as it is to be
+    int latch = 0;   ///< the check mark of byte 28, bit 4, as it is to be
     int row = -1;
     std::size_t before = 0;
 };
 
-TEST_F(Editor, anEditIsHeardAtOnceSavedAndThereAgain)
+void Editor::rename()
 {
     // The name, by keys: ten letters are written, nothing is sent.
     desk().click("frmEditArr", "Text1(0)");
@@ -57,16 +66,22 @@ TEST_F(Editor, anEditIsHeardAtOnceSavedAndThereAgain)
     expectSent({});
     arr.replace(place(0), 10, "Sunset    ");
     EXPECT_EQ(desk().control("frmEditArr").title(), "Edit Arrangement  song.arr / Sunset");
+}
 
+void Editor::tickMarks()
+{
     // A check mark, by the mouse.
-    const int latch = (byteOf(28) >> 4 & 1) ^ 1;
+    latch = (byteOf(28) >> 4 & 1) ^ 1;
     desk().click("frmEditArr", "Check1(8)");
     expectSent({parameter(1, latch, 0)});
     arr[place(28)] = static_cast<char>((byteOf(28) & 0xEF) | latch << 4);
     desk().click("frmEditArr", "Check1(0)");
     expectSent({});
     arr[place(27)] = static_cast<char>(byteOf(27) ^ 1);
+}
 
+void Editor::changeTempoAndLists()
+{
     // The tempo, by keys, where the press only gives the focus.
     desk().click("frmEditArr", "VScroll1(0)");
     before = takenSoFar();
@@ -87,7 +102,10 @@ TEST_F(Editor, anEditIsHeardAtOnceSavedAndThereAgain)
     arr[place(25)] = static_cast<char>(0xFD);
     desk().click("frmEditArr", "EffComm(1)");
     expectSent({parameter(9, 0, 0)});
+}
 
+void Editor::changeATrack()
+{
     // The second page: a mute, a fader to the bottom, a pan to OFF.
     desk().key("Ctrl+Page_Down");
     desk().click("frmEditArr", "CommM(6)");
@@ -109,8 +127,10 @@ TEST_F(Editor, anEditIsHeardAtOnceSavedAndThereAgain)
     expectSent({parameter(72, 0x7F, 0x7F)});
     EXPECT_EQ(text("Label2(14)"), "OFF");
     arr[place(39 + 8 * 6 + 3)] = static_cast<char>(0xFF);
-    EXPECT_EQ(sample("song.arr").substr(place(0), 164).find("Sunset"), std::string::npos) << "nothing is saved yet";
+}
 
+void Editor::closeAndSave()
+{
     // Closed with Yes, and saved by the menu.
     desk().menu("mnuChiudi");
     expectBox("Edit Arrangement  song.arr / Sunset", "The Arrangement has changed.\u2028Save changes ?", "CommYes");
@@ -120,7 +140,10 @@ TEST_F(Editor, anEditIsHeardAtOnceSavedAndThereAgain)
     desk().settle();
     EXPECT_TRUE(sample("song.arr") == arr);
     expectSent({});
+}
 
+void Editor::lookAgain()
+{
     // Opened again from the disk.
     desk().menu("mnuChiudi");
     desk().waitUntilGone("frmArrU");
@@ -133,6 +156,19 @@ TEST_F(Editor, anEditIsHeardAtOnceSavedAndThereAgain)
     EXPECT_EQ(text("Label2(13)"), "2");
     EXPECT_EQ(text("Label2(14)"), "OFF");
     EXPECT_EQ(desk().control("frmEditArr", "Check1(8)").checked(), latch == 1);
+}
+
+} // namespace
+
+TEST_F(Editor, anEditIsHeardAtOnceSavedAndThereAgain)
+{
+    rename();
+    tickMarks();
+    changeTempoAndLists();
+    changeATrack();
+    EXPECT_EQ(sample("song.arr").substr(place(0), 164).find("Sunset"), std::string::npos) << "nothing is saved yet";
+    closeAndSave();
+    lookAgain();
     quit();
     EXPECT_TRUE(sample("song.arr") == arr) << "looked at, not changed";
 }
@@ -168,5 +204,3 @@ TEST_F(Editor, aFaderDraggedByTheMouseSendsItsWayAndRests)
     EXPECT_TRUE(sample("song.arr") == arr);
     quit();
 }
-
-} // namespace

@@ -38,6 +38,17 @@ protected:
         desk().drag(title, {title.x + right, title.y + down});
         desk().settle();
     }
+    void openDrumKitsOnChannel10()
+    {
+        desk().menu("mnuPerc");
+        desk().waitFor("frmDrum");
+        moveBy("frmDrum", 1000, 60);
+        desk().click("frmDrum", "Combo1");
+        for (int down = 0; down < 8; ++down)
+            desk().key("Down");
+        desk().key("Return");
+        desk().settle();
+    }
     std::string placeOf(const std::string& window)
     {
         const Control found = desk().waitFor(window);
@@ -69,14 +80,7 @@ TEST_F(ProgramWindows, aSongsProgramsAreShownPlayedLoadedAndThereAgainAtTheNextS
     desk().menu("mnuWProgC");
     EXPECT_EQ(desk().waitFor("frmPcgAE").title(), "Prg C - MIDI Channel2");
     moveBy("frmPcgAE", 660, 40);
-    desk().menu("mnuPerc");
-    desk().waitFor("frmDrum");
-    moveBy("frmDrum", 1000, 60);
-    desk().click("frmDrum", "Combo1");
-    for (int down = 0; down < 8; ++down)
-        desk().key("Down");
-    desk().key("Return");
-    desk().settle();
+    openDrumKitsOnChannel10();
     before = takenSoFar();
     desk().clickRow("frmDrum", "List1", 7);
     expectTaken({program(9, 4, 32)}, before);

@@ -80,15 +80,6 @@ std::string Wire::packed(const std::string& bytes)
     return result;
 }
 
-std::string Wire::unpacked(const std::string& bytes)
-{
-    std::string result;
-    for (std::size_t start = 0; start < bytes.size(); start += 8)
-        for (std::size_t i = 1; i < 8 && start + i < bytes.size(); ++i)
-            result += byte(at(bytes, start + i) + 128 * ((at(bytes, start) >> (i - 1)) & 1U));
-    return result;
-}
-
 std::string Wire::frame(int function, const std::string& body)
 {
     return std::string("\xF0\x42\x30\x4D") + byte(static_cast<unsigned>(function)) + body + "\xF7";

@@ -2,6 +2,8 @@
 // with nothing of the program in it.
 #pragma once
 
+#include "support/Unpacked.h"
+
 #include <string>
 #include <vector>
 
@@ -12,8 +14,7 @@ std::string fileBytes(const std::string& path);
 
 /// Seven bytes travel as eight: their top bits first, bit 0 for the first of them.
 std::string packed(const std::string& bytes);
-/// The way back.
-std::string unpacked(const std::string& bytes);
+using ::unpacked; // the way back
 
 /// F0 42 30 4D <function> <body> F7, on global channel 1.
 std::string frame(int function, const std::string& body);

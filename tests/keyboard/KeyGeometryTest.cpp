@@ -4,6 +4,7 @@
 #include "core/Dichiarazioni.h"
 
 #include <array>
+#include <gtest/gtest.h>
 
 namespace
 {

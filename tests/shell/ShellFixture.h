@@ -8,6 +8,7 @@
 #include "files/WindowBuffer.h"
 #include "midi/MIDI.h"
 #include "shell/MenuState.h"
+#include "support/CoreRun.h"
 #include "support/Hex.h"
 #include "support/RecordingMidiService.h"
 #include "support/ScriptedUser.h"
@@ -92,11 +93,7 @@ protected:
         Files = {};
         Clipboard = {};
     }
-    static void speak(int language)
-    {
-        App.Language = language;
-        App.LanguageBase = (language - 1) * 200;
-    }
+    static void speak(int language) { speakLanguage(language); }
     /// Warnings as "title|text".
     std::vector<std::string> warnings() const
     {

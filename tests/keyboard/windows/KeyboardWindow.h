@@ -1,30 +1,23 @@
 // The real keyboard window in a window area, played with the mouse; the port keeps what it sends.
 #pragma once
 
+#include "keyboard/KeyWidget.h"
 #include "keyboard/KeyboardRoom.h"
 #include "keyboard/frmTastiera.h"
+#include "support/CoreRun.h"
 #include "support/WindowDiary.h"
+#include "support/WindowHands.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMdiArea>
 #include <QMouseEvent>
 #include <QPointer>
-#include <QPushButton>
 #include <QSlider>
-#include <QTest>
 
-#include <memory>
+#include <set>
 
-struct PopupShell : FakeShell {
-    int popups = 0;
-    void popupEditMenu() override { ++popups; }
-};
-
-class KeyboardWindow : public KeyboardRoom
+class KeyboardWindow : public KeyboardRoom, protected WindowHands
 {
 protected:
     void SetUp() override
@@ -34,30 +27,17 @@ protected:
         App.shell = &shell;
         App.WinPos[15] = {};
         speak(1);
-        area = std::make_unique<QMdiArea>();
-        area->resize(1400, 900);
-        area->show();
+        openArea(1400, 900);
     }
     void TearDown() override
     {
-        area.reset();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        closeArea();
         App.shell = nullptr;
         KeyboardRoom::TearDown();
     }
-    static void speak(int language)
-    {
-        App.Language = language;
-        App.LanguageBase = (language - 1) * 200;
-    }
+    static void speak(int language) { speakLanguage(language); }
 
-    void open()
-    {
-        window = new frmTastiera;
-        area->addSubWindow(window);
-        window->show();
-        QApplication::processEvents();
-    }
+    void open() { window = showInArea(new frmTastiera); }
     /// Opened, and what the opening sends forgotten.
     void openSilently()
     {
@@ -68,9 +48,16 @@ protected:
     template <typename Control = QWidget>
     Control* control(const QString& name) const
     {
-        auto* found = window->findChild<Control*>(name);
-        EXPECT_NE(found, nullptr) << name.toStdString();
-        return found;
+        return WindowHands::control<Control>(window, name);
+    }
+    /// The keys that are drawn as pressed.
+    std::set<int> marked() const
+    {
+        std::set<int> keys;
+        for (int index = 0; index < 61; ++index)
+            if (static_cast<const KeyWidget*>(key(index))->marked())
+                keys.insert(index);
+        return keys;
     }
     QWidget* key(int index) const { return control(QStringLiteral("Key(%1)").arg(index)); }
     QSlider* fader(int index) const { return control<QSlider>(QStringLiteral("VScroll(%1)").arg(index)); }
@@ -112,7 +99,6 @@ protected:
     }
     void moveTo(int index, int y) const { mouse(key(index), QEvent::MouseMove, QPointF(key(index)->width() / 2.0, y)); }
 
-    PopupShell shell;
-    std::unique_ptr<QMdiArea> area;
+    FakeShell shell;
     QPointer<frmTastiera> window;
 };

@@ -1,9 +1,5 @@
-// Playing the drawn keys with the mouse: what the pointer does to each key, what is seen of it, and a storm of events.
+// Playing the drawn keys with the mouse: what the pointer does to each key and what is seen of it.
 #include "keyboard/windows/KeyboardWindow.h"
-
-#include "keyboard/KeyWidget.h"
-
-#include <random>
 
 namespace
 {
@@ -11,14 +7,6 @@ namespace
 class frmTastieraKeys : public KeyboardWindow
 {
 protected:
-    std::set<int> marked() const
-    {
-        std::set<int> keys;
-        for (int index = 0; index < 61; ++index)
-            if (static_cast<const KeyWidget*>(key(index))->marked())
-                keys.insert(index);
-        return keys;
-    }
     void glide()
     {
         App.KeyboardState[1] = 0;
@@ -356,115 +344,6 @@ TEST_F(frmTastieraKeys, theBlackKeysLieOnTheWhiteOnesAtAnySize)
         }
         EXPECT_EQ(key(60)->geometry().right(), frame->width() - 1);
     }
-}
-
-// The storm.
-
-TEST_F(frmTastieraKeys, aHundredThousandEventsLeaveTheWindowWhole)
-{
-    openSilently();
-    struct Silent : RecordingMidiService {
-        int midiOutShortMsg(std::int32_t, std::uint32_t message) override
-        {
-            highBytes += (message & 0x808000U) == 0 ? 0 : 1;
-            return 0;
-        }
-        int midiOutPrepareHeader(std::int32_t, std::string_view) override { return 0; }
-        int midiOutLongMsg(std::int32_t, std::string_view) override { return 0; }
-        int midiOutUnprepareHeader(std::int32_t, std::string_view) override { return 0; }
-        int highBytes = 0;
-    } silent;
-    Midi.service = &silent;
-    std::mt19937 random(7);
-    const auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
-    QWidget* frame = control("Frame1");
-    QWidget* panel = control("Panel");
-    std::vector<QWidget*> keys;
-    for (int index = 0; index < 61; ++index)
-        keys.push_back(key(index));
-    std::vector<QSlider*> faders = {control<QSlider>("VScroll1"), control<QSlider>("HScroll1")};
-    for (int index = 0; index < 11; ++index)
-        faders.push_back(fader(index));
-    auto* clickKey = control<QCheckBox>("CheckClickKey");
-    auto* holdNote = control<QCheckBox>("CheckHoldNote");
-    auto* chord = control<QPushButton>("CommHoldChord");
-    auto* channels = control<QComboBox>("Combo1");
-    const std::vector<QPushButton*> buttons = {chord, control<QPushButton>("CommAllNoteOff"),
-                                               control<QPushButton>("CommArrPlay"),
-                                               control<QPushButton>("CommSongPlay")};
-    quint64 time = 1000;
-    for (int count = 0; count < 100000; ++count) {
-        QWidget* one = keys[static_cast<std::size_t>(pick(61))];
-        const QPointF place(pick(20) - 2, pick(100) - 2);
-        time += static_cast<quint64>(pick(60));
-        switch (pick(32)) {
-        case 0:
-            clickKey->click();
-            break;
-        case 1:
-            holdNote->click();
-            break;
-        case 2:
-            buttons[static_cast<std::size_t>(pick(4))]->click();
-            break;
-        case 3: {
-            QSlider* moved = faders[static_cast<std::size_t>(pick(13))];
-            moved->setValue(pick(140) - 5);
-            break;
-        }
-        case 4:
-            channels->setCurrentIndex(pick(16));
-            break;
-        case 5:
-            mouse(panel, QEvent::MouseMove, place, time);
-            break;
-        case 6:
-            mouse(frame, QEvent::MouseMove, QPointF(pick(700) - 50, pick(120) - 10), time);
-            break;
-        case 7:
-            Arr.keyboardSplit(pick(256));
-            break;
-        case 8: {
-            QKeyEvent event(pick(2) == 0 ? QEvent::KeyPress : QEvent::KeyRelease,
-                            pick(3) == 0 ? Qt::Key_Space : (pick(2) == 0 ? Qt::Key_Left : Qt::Key_Right), {});
-            QApplication::sendEvent(frame, &event);
-            break;
-        }
-        case 9:
-        case 10:
-        case 11:
-        case 12:
-        case 13:
-        case 14:
-        case 15:
-            mouse(one, QEvent::MouseMove, place, time);
-            break;
-        case 16:
-            mouse(one, QEvent::MouseButtonDblClick, place, time);
-            break;
-        case 17:
-        case 18:
-        case 19:
-        case 20:
-        case 21:
-        case 22:
-            mouse(one, QEvent::MouseButtonRelease, place, time);
-            break;
-        default:
-            mouse(one, QEvent::MouseButtonPress, place, time);
-        }
-        if (count % 500 == 0)
-            QApplication::processEvents();
-        ASSERT_TRUE(!chord->isEnabled() || (clickKey->isChecked() && holdNote->isChecked())) << "event " << count;
-    }
-    EXPECT_EQ(silent.highBytes, 0);
-    EXPECT_TRUE(user.warnings.empty());
-    press("CommAllNoteOff");
-    EXPECT_TRUE(marked().empty());
-    EXPECT_EQ(noteShown(), "");
-    window->close();
-    for (std::size_t byte = 4; byte < 15; ++byte)
-        EXPECT_LE(App.KeyboardState[byte], 127);
 }
 
 } // namespace
