@@ -76,6 +76,6 @@ int DeviceRecordRead()
     return 0;
 }
 
-int DeviceRecordWrite() { return replaceStateFile(deviceRecordPath(), recordOf(Device.bytes, Length, 1)); }
+int DeviceRecordWrite() { return replaceRunRecord(deviceRecordPath(), recordOf(Device.bytes, Length, 1)); }
 
 int DeviceRecordDelete() { return deleteFile(deviceRecordPath()); }

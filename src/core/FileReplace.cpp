@@ -30,6 +30,7 @@ struct Target {
     uid_t owner = geteuid();
     gid_t group = getegid();
     mode_t permissions = ByUmask; ///< of the new file
+    bool flushed = true;          ///< before it counts as written
 };
 
 /// Makes a new file in one try. 0 with an open handle, or errno.
@@ -127,9 +128,10 @@ int findTarget(const std::string& path, FileHolder holder, Target& target)
     if (!canNameAFile(path))
         return FileError::PathNotFound;
     target.path = resolveFileName(path);
-    if (holder == FileHolder::Program)
+    target.flushed = holder != FileHolder::Run;
+    if (holder != FileHolder::User)
         becomeStateFile(target);
-    if (holder == FileHolder::Program && isForeignLink(target.path))
+    if (holder != FileHolder::User && isForeignLink(target.path))
         return FileError::None; // it gives way to the new file, and what it points to is left alone
     if (const int error = followLinks(target.path); error != 0)
         return error;
@@ -186,7 +188,7 @@ int replaceByRename(const Target& target, const ByteBuffer& content)
         takeOver(file.descriptor(), target);
     int error = writeAll(file.descriptor(), content);
     if (error == 0)
-        error = flushAndClose(file);
+        error = target.flushed ? flushAndClose(file) : file.close();
     if (error == 0 && rename(temporary.c_str(), target.path.c_str()) != 0)
         error = errno;
     if (error != 0)
@@ -286,6 +288,11 @@ int replaceStateFile(const std::string& path, const ByteBuffer& content)
     return replaceFileTelling(path, content, FileHolder::Program, [] {});
 }
 
+int replaceRunRecord(const std::string& path, const ByteBuffer& content)
+{
+    return replaceFileTelling(path, content, FileHolder::Run, [] {});
+}
+
 int replaceFileTelling(const std::string& path, const ByteBuffer& content, FileHolder holder,
                        const std::function<void()>& beforeInPlace)
 {
@@ -294,7 +301,7 @@ int replaceFileTelling(const std::string& path, const ByteBuffer& content, FileH
         return error;
     const int error = replaceByRename(target, content);
     if (error == 0)
-        return fileErrorOf(flushFolder(target.path));
+        return target.flushed ? fileErrorOf(flushFolder(target.path)) : FileError::None;
     if (target.exists && folderRefuses(error))
         return replaceInPlace(target, content, beforeInPlace);
     return fileErrorOf(error);

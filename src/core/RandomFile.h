@@ -33,8 +33,14 @@ struct FileContent {
 /// someone else has put in its place gives way to it. The user's own link is followed.
 [[nodiscard]] int replaceStateFile(const std::string& path, const ByteBuffer& content);
 
-/// Whose file is replaced: one of the user's, or one of the program's own in the state folder.
-enum class FileHolder { User, Program };
+/// The same for a record of what runs now, which the disk is not waited for: a crash of the program leaves the old one
+/// or the new one, but a power cut may leave bytes of neither. Nothing runs after that, and the reader takes them for
+/// none.
+[[nodiscard]] int replaceRunRecord(const std::string& path, const ByteBuffer& content);
+
+/// Whose file is replaced: one of the user's, or one of the program's own in the state folder; of these one that tells
+/// of this run alone is not flushed.
+enum class FileHolder { User, Program, Run };
 
 /// The same for either; `beforeInPlace` is called before the old file is overwritten where it stands, as every other
 /// name that leads to it would show the new bytes.

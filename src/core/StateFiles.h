@@ -42,7 +42,7 @@ void DeviceRecordInit();
 void DeviceRecordCreate();
 /// Reads the record; a file that is absent or short reads as NUL bytes. 0, or a FileError.
 [[nodiscard]] int DeviceRecordRead();
-/// Writes the record as it is in memory. 0, or a FileError.
+/// Writes the record as it is in memory, without waiting for the disk: it tells who runs now. 0, or a FileError.
 [[nodiscard]] int DeviceRecordWrite();
 [[nodiscard]] int DeviceRecordDelete();
 

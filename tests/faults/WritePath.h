@@ -28,6 +28,7 @@ struct WrittenFile {
     bool silent = false;                   ///< its failure is told to nobody, as the program can do without it
     bool mayGo = false;                    ///< absent is as good
     std::size_t ownLength = 0;             ///< any bytes of this length are whole and new, where it is not 0
+    bool ofRun = false;                    ///< tells of this run alone and is not flushed
 
     std::string path(const Site& site) const
     {

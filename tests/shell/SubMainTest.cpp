@@ -107,6 +107,16 @@ TEST_F(SubMainPorts, aRecordWithAWrongSignatureIsMadeAnew)
     EXPECT_EQ(record(), hex(deviceRecord(1, 1, 77, 88)));
 }
 
+TEST_F(SubMainPorts, whatAPowerCutLeavesOfTheRecordIsMadeAnewWithoutAWord)
+{
+    for (const std::string& left : {std::string(), std::string(145, '\0'), std::string(4096, '\0')}) {
+        state.put("Dornflex", left);
+        EXPECT_TRUE(start()) << left.size();
+        EXPECT_EQ(record(), hex(deviceRecord(1, 1, 77, 88))) << left.size();
+        EXPECT_EQ(warnings(), Lines{}) << left.size();
+    }
+}
+
 TEST_F(SubMainPorts, noDeviceIsReportedOnceAndTheProgramRunsOn)
 {
     port.outputs = 0;
