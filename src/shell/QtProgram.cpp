@@ -22,6 +22,9 @@
 #include <QLocale>
 #include <QStandardPaths>
 #include <QTranslator>
+#include <cstdlib>
+#include <new>
+#include <unistd.h>
 
 namespace
 {
@@ -59,9 +62,21 @@ void useWindows(QtUserInterface& user, const std::unique_ptr<frmMain>& mainWindo
 
 } // namespace
 
+void endAtOnceWithoutMemory()
+{
+    std::set_new_handler([] {
+        constexpr char Words[] = "Tarvolyne: no memory left\n";
+        if (write(STDERR_FILENO, Words, sizeof Words - 1) < 0) {
+            // Nobody reads it.
+        }
+        std::abort();
+    });
+}
+
 int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker& makeCompanion,
                const DesktopIdentity& identity)
 {
+    endAtOnceWithoutMemory();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(identity.windowClass));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(identity.entry));

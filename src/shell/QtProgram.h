@@ -16,6 +16,10 @@ struct DesktopIdentity {
     const char* entry = "io.github.tarvolyne.tarvolyne"; ///< name of its desktop entry: its app id on Wayland
 };
 
+/// From here on a process that is given no memory ends at once (SIGABRT), with a word on standard error: no handler
+/// runs on windows that are half made. What was saved is whole at any time.
+void endAtOnceWithoutMemory();
+
 /// Runs the program to its end. `makeCompanion` is called once the main window stands; it may be empty.
 int runProgram(int argc, char** argv, MidiService& service, const CompanionMaker& makeCompanion,
                const DesktopIdentity& identity = {});
