@@ -23,8 +23,8 @@ int main(int argc, char** argv)
     }
     window.statusBar()->showMessage(QStringLiteral("ready"));
     area->addSubWindow(bareChildContent())->show();
-    window.resize(900, 650);
+    // As large as ours at its first start: the picture of a window is part of what a program takes.
     const ShownMark mark(QStringLiteral("floor"));
-    window.show();
+    window.showMaximized();
     return QApplication::exec();
 }
