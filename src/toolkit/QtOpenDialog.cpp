@@ -11,7 +11,6 @@
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QHeaderView>
-#include <QPixmapCache>
 #include <QScreen>
 #include <QTreeView>
 #include <algorithm>
@@ -99,9 +98,6 @@ void applyDialogWords(QFileDialog& dialog, int acceptRow)
     nameList(dialog, "lookInCombo", Words::LookIn);
     nameList(dialog, "fileTypeCombo", Words::FileType);
     makeRoomForColumns(dialog);
-    // Each dialog has icons of its own, and the toolkit keeps their pictures when it has gone: nobody asks for them
-    // again.
-    QObject::connect(&dialog, &QObject::destroyed, [] { QPixmapCache::clear(); });
 }
 
 OpenDialogAnswer runOpenDialog(const OpenDialogRequest& request, QWidget* parent)

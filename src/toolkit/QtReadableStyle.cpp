@@ -1,12 +1,12 @@
 // The desktop's own style with what it leaves hard to see made plain. Its plain one draws every outline darker than the
 // window and every mark of the focus darker than the accent, which in a dark theme is black on black; it draws the
 // dialogs' default button alike with and without the focus, and gives what is off a second, lighter copy of its words.
+#include "toolkit/KeptIconsStyle.h"
 #include "toolkit/QtLooks.h"
 
 #include <QApplication>
 #include <QHash>
 #include <QPainter>
-#include <QProxyStyle>
 #include <QStyleOption>
 
 namespace
@@ -35,7 +35,7 @@ QColor ringColour(const QPalette& palette)
                            palette.color(QPalette::Button), FocusContrast);
 }
 
-using Base = QProxyStyle;
+using Base = KeptIconsStyle;
 
 class ReadableStyle final : public Base
 {
