@@ -116,6 +116,16 @@ TEST(InfoRead, readsAllThreeNamesAndReturnsTheStyles)
     EXPECT_EQ(App.InfoPrg, "sounds");
 }
 
+TEST(InfoRead, aNameEndsAtItsFirstNulAndBeforeTheBlanks)
+{
+    CoreRun run;
+    using namespace std::string_literals;
+    run.folder.put(File, infoFile("song\0s"s, " my grooves  \0x"s, "\0sounds"s));
+    EXPECT_EQ(InfoRead(), " my grooves");
+    EXPECT_EQ(App.InfoArr, "song");
+    EXPECT_EQ(App.InfoPrg, "");
+}
+
 TEST(InfoRead, findsNothingInAnEmptyFileAndDeletesIt)
 {
     CoreRun run;

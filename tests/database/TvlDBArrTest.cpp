@@ -118,6 +118,17 @@ TEST_F(DBArrLookup_, stopsAtTheFirstEmptyRecord)
     EXPECT_EQ(DBArrLookup("/music/live/Canto.arr"), 0);
 }
 
+TEST_F(DBArrLookup_, andTheListEndsThereToo)
+{
+    std::string file = database({{"Alba", 3}, {"Balera", 4}, {"Canto", 5}}, "/music/live");
+    file[52 + 26] = '\0';
+    const std::vector<DBArrRow> rows = dbArrRows(file);
+    ASSERT_EQ(rows.size(), 3U);
+    EXPECT_EQ(rows[1].name, "TvlArrB");
+    EXPECT_EQ(rows[2].name, "Alba.arr");
+    EXPECT_EQ(rows[2].id, 3);
+}
+
 TEST_F(DBArrLookup_, readsAllOf997Records)
 {
     std::vector<Row> rows;
