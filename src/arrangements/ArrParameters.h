@@ -80,48 +80,21 @@ struct ArrParameter {
     bool kept = false;                   ///< shown, and never written by the editor
     bool onlySent = false;               ///< no byte of the block holds it: the instrument alone has it
 
-    constexpr ArrParameter storedBy(ArrRule rule) const
+    /// The same row with another value in one place.
+    template <typename Value>
+    constexpr ArrParameter with(Value ArrParameter::*member, Value value) const
     {
         ArrParameter changed = *this;
-        changed.stored = rule;
+        changed.*member = value;
         return changed;
     }
-    constexpr ArrParameter sentAs(int number) const
-    {
-        ArrParameter changed = *this;
-        changed.message = number;
-        return changed;
-    }
-    constexpr ArrParameter sendingWhatIsShown() const
-    {
-        ArrParameter changed = *this;
-        changed.sentAsShown = true;
-        return changed;
-    }
-    constexpr ArrParameter silentFromPosition(int first) const
-    {
-        ArrParameter changed = *this;
-        changed.silentFrom = first;
-        return changed;
-    }
-    constexpr ArrParameter silentOn(unsigned tracks) const
-    {
-        ArrParameter changed = *this;
-        changed.silentTracks = tracks;
-        return changed;
-    }
-    constexpr ArrParameter notHeld() const
-    {
-        ArrParameter changed = *this;
-        changed.onlySent = true;
-        return changed;
-    }
-    constexpr ArrParameter neverWritten() const
-    {
-        ArrParameter changed = *this;
-        changed.kept = true;
-        return changed;
-    }
+    constexpr ArrParameter storedBy(ArrRule rule) const { return with(&ArrParameter::stored, rule); }
+    constexpr ArrParameter sentAs(int number) const { return with(&ArrParameter::message, number); }
+    constexpr ArrParameter sendingWhatIsShown() const { return with(&ArrParameter::sentAsShown, true); }
+    constexpr ArrParameter silentFromPosition(int first) const { return with(&ArrParameter::silentFrom, first); }
+    constexpr ArrParameter silentOn(unsigned tracks) const { return with(&ArrParameter::silentTracks, tracks); }
+    constexpr ArrParameter notHeld() const { return with(&ArrParameter::onlySent, true); }
+    constexpr ArrParameter neverWritten() const { return with(&ArrParameter::kept, true); }
 };
 
 /// The general part, in the order of the block, then what the block does not hold.

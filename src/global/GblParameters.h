@@ -77,37 +77,22 @@ struct GblParameter {
     int written = WholeByte; ///< bits that an edit replaces
     bool kept = false;       ///< an edit writes nothing, and yet marks and sends
 
-    constexpr GblParameter reading(GblRule rule) const
+    /// The same row with another value in one place.
+    template <typename Value>
+    constexpr GblParameter with(Value GblParameter::*member, Value value) const
     {
         GblParameter changed = *this;
-        changed.shown = rule;
+        changed.*member = value;
         return changed;
     }
-    constexpr GblParameter storing(GblRule rule) const
-    {
-        GblParameter changed = *this;
-        changed.stored = rule;
-        return changed;
-    }
-    constexpr GblParameter readFromBits(int bits) const
-    {
-        GblParameter changed = *this;
-        changed.mask = bits;
-        return changed;
-    }
+    constexpr GblParameter reading(GblRule rule) const { return with(&GblParameter::shown, rule); }
+    constexpr GblParameter storing(GblRule rule) const { return with(&GblParameter::stored, rule); }
+    constexpr GblParameter readFromBits(int bits) const { return with(&GblParameter::mask, bits); }
     constexpr GblParameter ownBits(int bits) const
     {
-        GblParameter changed = *this;
-        changed.mask = bits;
-        changed.written = bits;
-        return changed;
+        return with(&GblParameter::mask, bits).with(&GblParameter::written, bits);
     }
-    constexpr GblParameter neverWritten() const
-    {
-        GblParameter changed = *this;
-        changed.kept = true;
-        return changed;
-    }
+    constexpr GblParameter neverWritten() const { return with(&GblParameter::kept, true); }
 };
 
 /// The rows of the table, in their order.

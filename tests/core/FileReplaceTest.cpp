@@ -3,22 +3,17 @@
 
 #include "support/CoreRun.h"
 #include "support/OtherUser.h"
+#include "support/Permissions.h"
 
 #include <csignal>
 #include <grp.h>
 #include <gtest/gtest.h>
+#include <optional>
 #include <sys/resource.h>
 #include <vector>
 
 namespace
 {
-
-mode_t permissionsOf(const std::string& path)
-{
-    struct stat status {
-    };
-    return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
-}
 
 ino_t inodeOf(const std::string& path)
 {
@@ -54,6 +49,24 @@ struct Locked {
 const std::string Old(10528, 'a');
 const std::string New(10528, 'b');
 
+/// A file in a folder that lets nothing be created: it must be written where it stands.
+class ReplaceInPlace : public testing::Test
+{
+protected:
+    ReplaceInPlace() { openToAll(run.folder.path()); }
+    void put(const std::string& name, const std::string& bytes)
+    {
+        path = shared.put(name, bytes);
+        openToAll(path);
+        locked.emplace(shared);
+    }
+
+    CoreRun run;
+    const TemporaryFolder shared;
+    std::string path;
+    std::optional<Locked> locked;
+};
+
 } // namespace
 
 TEST(ReplaceFile, makesANewFileAndNothingElse)
@@ -84,7 +97,7 @@ TEST(ReplaceFile, keepsThePermissionBitsOfTheOldFile)
     for (const mode_t bits : {0600U, 0640U, 0666U, 0755U}) {
         chmod(path.c_str(), bits);
         EXPECT_EQ(replaceFile(path, New), 0);
-        EXPECT_EQ(permissionsOf(path), bits);
+        EXPECT_EQ(modeOf(path), bits);
     }
 }
 
@@ -124,17 +137,18 @@ TEST(ReplaceFile, leavesAFileOfABandItsGroupWhenAnotherMemberSavesIt)
     };
     ASSERT_EQ(stat(path.c_str(), &status), 0);
     EXPECT_EQ(status.st_gid, Band);
-    EXPECT_EQ(permissionsOf(path), 0660U);
+    EXPECT_EQ(modeOf(path), 0660U);
     EXPECT_EQ(run.folder.get("a.arr"), New);
 }
 
 TEST(ReplaceFile, givesANewFileThePermissionsOfTheUmask)
 {
     CoreRun run;
-    const mode_t before = umask(027);
-    EXPECT_EQ(replaceFile(run.folder.file("a.arr"), New), 0);
-    umask(before);
-    EXPECT_EQ(permissionsOf(run.folder.file("a.arr")), 0640U);
+    {
+        const Umask bits(027);
+        EXPECT_EQ(replaceFile(run.folder.file("a.arr"), New), 0);
+    }
+    EXPECT_EQ(modeOf(run.folder.file("a.arr")), 0640U);
 }
 
 TEST(ReplaceFile, replacesTheTargetOfALinkAndKeepsTheLink)
@@ -322,15 +336,10 @@ TEST(ReplaceFile, leavesNoFileOpen)
     EXPECT_EQ(left, 0);
 }
 
-TEST(ReplaceInPlace, writesWhereTheFolderLetsNothingBeCreated)
+TEST_F(ReplaceInPlace, writesWhereTheFolderLetsNothingBeCreated)
 {
-    CoreRun run;
-    openToAll(run.folder.path());
-    const TemporaryFolder shared;
-    const std::string path = shared.put("a.arr", Old);
-    openToAll(path);
+    put("a.arr", Old);
     const ino_t inode = inodeOf(path);
-    const Locked locked(shared);
     for (const std::string& content : {New, std::string("short"), Old + New}) {
         EXPECT_EQ(asOrdinaryUser([&] { return replaceFile(path, content); }), 0);
         EXPECT_EQ(shared.get("a.arr"), content);
@@ -340,14 +349,9 @@ TEST(ReplaceInPlace, writesWhereTheFolderLetsNothingBeCreated)
     EXPECT_EQ(run.folder.fileCount(), 0U) << "the safety copy goes once it is not needed";
 }
 
-TEST(ReplaceInPlace, putsTheOldBytesBackWhenWritingFails)
+TEST_F(ReplaceInPlace, putsTheOldBytesBackWhenWritingFails)
 {
-    CoreRun run;
-    openToAll(run.folder.path());
-    const TemporaryFolder shared;
-    const std::string path = shared.put("a.arr", Old);
-    openToAll(path);
-    const Locked locked(shared);
+    put("a.arr", Old);
     const int error = asOrdinaryUser([&] {
         limitFileSize(10528);
         return replaceFile(path, New + New);
@@ -357,14 +361,9 @@ TEST(ReplaceInPlace, putsTheOldBytesBackWhenWritingFails)
     EXPECT_EQ(run.folder.fileCount(), 0U);
 }
 
-TEST(ReplaceInPlace, leavesASafetyCopyThatTellsTheFileWhenItDiesHalfWay)
+TEST_F(ReplaceInPlace, leavesASafetyCopyThatTellsTheFileWhenItDiesHalfWay)
 {
-    CoreRun run;
-    openToAll(run.folder.path());
-    const TemporaryFolder shared;
-    const std::string path = shared.put("a.arr", Old);
-    openToAll(path);
-    const Locked locked(shared);
+    put("a.arr", Old);
     const int result = asOrdinaryUser([&] {
         limitFileSize(10528, true);
         return replaceFile(path, New + New);
@@ -374,17 +373,12 @@ TEST(ReplaceInPlace, leavesASafetyCopyThatTellsTheFileWhenItDiesHalfWay)
     EXPECT_EQ(run.folder.get("SafetyCopy1-a.arr"), Old);
 }
 
-TEST(ReplaceInPlace, keepsAndPutsBackAFileOfManyPieces)
+TEST_F(ReplaceInPlace, keepsAndPutsBackAFileOfManyPieces)
 {
-    CoreRun run;
-    openToAll(run.folder.path());
-    const TemporaryFolder shared;
     std::string old;
     for (int number = 0; old.size() < 300'000; ++number)
         old += std::to_string(number) + " ";
-    const std::string path = shared.put("a.sty", old);
-    openToAll(path);
-    const Locked locked(shared);
+    put("a.sty", old);
     for (const bool die : {false, true}) {
         const int result = asOrdinaryUser([&] {
             limitFileSize(old.size(), die);
@@ -399,27 +393,18 @@ TEST(ReplaceInPlace, keepsAndPutsBackAFileOfManyPieces)
     EXPECT_TRUE(run.folder.get("SafetyCopy1-a.sty") == old);
 }
 
-TEST(ReplaceInPlace, keepsAnEarlierSafetyCopy)
+TEST_F(ReplaceInPlace, keepsAnEarlierSafetyCopy)
 {
-    CoreRun run;
-    openToAll(run.folder.path());
     run.folder.put("SafetyCopy1-a.arr", "from a crash");
-    const TemporaryFolder shared;
-    const std::string path = shared.put("a.arr", Old);
-    openToAll(path);
-    const Locked locked(shared);
+    put("a.arr", Old);
     EXPECT_EQ(asOrdinaryUser([&] { return replaceFile(path, New); }), 0);
     EXPECT_EQ(run.folder.get("SafetyCopy1-a.arr"), "from a crash");
     EXPECT_EQ(run.folder.fileCount(), 1U);
 }
 
-TEST(ReplaceInPlace, touchesNothingWhereNoSafetyCopyCanBeKept)
+TEST_F(ReplaceInPlace, touchesNothingWhereNoSafetyCopyCanBeKept)
 {
-    CoreRun run;
-    const TemporaryFolder shared;
-    const std::string path = shared.put("a.arr", Old);
-    openToAll(path);
-    const Locked locked(shared);
+    put("a.arr", Old);
     const Locked stateLocked(run.folder);
     EXPECT_EQ(asOrdinaryUser([&] { return replaceFile(path, New); }), 75);
     EXPECT_EQ(asOrdinaryUser([&] {
@@ -430,16 +415,12 @@ TEST(ReplaceInPlace, touchesNothingWhereNoSafetyCopyCanBeKept)
     EXPECT_EQ(shared.get("a.arr"), Old);
 }
 
-TEST(ReplaceInPlace, servesAFileOfAnotherUserInAFolderWhereOnlyOwnersRename)
+TEST_F(ReplaceInPlace, servesAFileOfAnotherUserInAFolderWhereOnlyOwnersRename)
 {
     if (geteuid() != 0)
         GTEST_SKIP() << "needs a file of another user";
-    CoreRun run;
-    openToAll(run.folder.path());
-    const TemporaryFolder shared;
+    put("a.arr", Old);
     chmod(shared.path().c_str(), 01777);
-    const std::string path = shared.put("a.arr", Old);
-    openToAll(path);
     EXPECT_EQ(asOrdinaryUser([&] { return replaceFile(path, New); }), 0);
     EXPECT_EQ(shared.get("a.arr"), New);
     EXPECT_EQ(shared.fileCount(), 1U);

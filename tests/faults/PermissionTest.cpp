@@ -2,6 +2,7 @@
 // new files are made under names that nobody had, and for whom they are.
 #include "faults/FaultRun.h"
 #include "support/Figures.h"
+#include "support/Permissions.h"
 
 #include <gtest/gtest.h>
 
@@ -14,13 +15,6 @@ namespace fs = std::filesystem;
 
 constexpr mode_t OldMode = 0604; ///< of the user's files before: no umask gives it
 constexpr mode_t OwnerOnly = 0600, OwnersFolder = 0700, ByOpenUmask = 0666;
-
-mode_t modeOf(const std::string& path)
-{
-    struct stat status {
-    };
-    return lstat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
-}
 
 /// The two files of a fixed name, which are opened where they stand.
 bool hasFixedName(const std::string& path)
@@ -43,18 +37,6 @@ std::string whatIsOpen(const TracedCall& call, const Site& site)
         return "a file is overwritten behind a link";
     return {};
 }
-
-class Umask
-{
-public:
-    explicit Umask(mode_t bits) : before_(umask(bits)) {}
-    ~Umask() { umask(before_); }
-    Umask(const Umask&) = delete;
-    Umask& operator=(const Umask&) = delete;
-
-private:
-    mode_t before_;
-};
 
 } // namespace
 

@@ -17,11 +17,13 @@ struct {
 
 std::string foldersKept() { return App.LastDirFiles + "|" + App.LastDirPrg + "|" + App.LastDirGbl; }
 
+using MakeWindow = std::function<WindowBuffer(const std::string& song)>;
+
 struct SaveRow {
     const char* name;
     std::vector<WrittenFile> files;
     Telling telling;
-    std::function<WindowBuffer(const std::string& song)> window;
+    MakeWindow window;
     int (*save)(WindowBuffer&);
     std::string chosen = {}; ///< name in the save dialog, its filter behind it
     int filter = 0;
@@ -45,11 +47,43 @@ WritePath pathOf(const SaveRow& row)
     return path;
 }
 
-WindowBuffer withStyles(int kind, const std::string& name)
+constexpr const char* Untitled = " (Untitled 1)";
+
+/// Windows on the song, or of another path.
+MakeWindow arr(int kind, int styleState, const std::string& path = {})
 {
-    WindowBuffer tag = arrangements(kind, name, 2, fourStyles());
-    tag.set(9, 1);
-    return tag;
+    return [=](const std::string& song) {
+        const bool holds = styleState == 2;
+        WindowBuffer tag = arrangements(kind, path.empty() ? song : path, styleState, holds ? fourStyles() : "");
+        if (holds)
+            tag.set(9, 1);
+        return tag;
+    };
+}
+MakeWindow prg(int kind, int type, const std::string& path = {})
+{
+    return [=](const std::string& song) { return programs(kind, path.empty() ? song : path, type); };
+}
+MakeWindow sty(int kind, const std::string& path = {})
+{
+    return [=](const std::string& song) { return styles(kind, path.empty() ? song : path, fourStyles()); };
+}
+MakeWindow gbl(int kind, const std::string& path = {})
+{
+    return [=](const std::string& song) { return globals(kind, path.empty() ? song : path); };
+}
+MakeWindow arrBank(int kind)
+{
+    return [=](const std::string&) { return bank(kind); };
+}
+/// A window that never had a name of its own: closing asks for one.
+MakeWindow nameless(const MakeWindow& make)
+{
+    return [=](const std::string& song) {
+        WindowBuffer tag = make(song);
+        tag.set(17, 1);
+        return tag;
+    };
 }
 
 const std::string Old(20000, 'o');
@@ -64,229 +98,82 @@ struct Bytes {
     std::string gbl = handMade(gblHead(), 448), sty = fourStyles();
 };
 
+constexpr Telling Reading = Telling::ByReading;
+constexpr Telling Writing = Telling::ByWriting;
+constexpr Telling Both = Telling::ByBoth;
+
 std::vector<SaveRow> saveRows()
 {
     const Bytes b;
-    const auto named = [](auto make, auto... rest) {
-        return [=](const std::string& song) { return make(song, rest...); };
-    };
-    const auto arr = [](const std::string& song, int kind, int state) {
-        return state == 2 ? withStyles(kind, song) : arrangements(kind, song, state, "");
-    };
-    const auto prg = [](const std::string& song, int kind, int type) { return programs(kind, song, type); };
-    const Telling reading = Telling::ByReading;
+    const WrittenFile newSty = file("song.sty", Old, b.sty);
+    const WrittenFile oldSty = file("song.sty", Old, Old);
+    const WrittenFile noSty = file("song.sty", Old, {});
+    const WrittenFile noPgg = file("song.pgg", Old, {});
     return {
-        {"save arr with styles",
-         {file("song.arr", Old, b.arr), file("song.sty", Old, b.sty)},
-         reading,
-         named(arr, 19, 2),
-         FileSave},
-        {"save arr without styles",
-         {file("song.arr", Old, b.arr), file("song.sty", Old, Old)},
-         reading,
-         named(arr, 19, 0),
-         FileSave},
-        {"save new arr with styles",
-         {file("song.arr", {}, b.arr), file("song.sty", Old, b.sty)},
-         reading,
-         named(arr, 20, 2),
-         FileSave},
-        {"save new arr dropping styles",
-         {file("song.arr", Old, b.arr), file("song.sty", Old, {})},
-         reading,
-         named(arr, 20, 1),
-         FileSave},
-        {"save prg dropping its twin",
-         {file("song.prg", Old, b.prg), file("song.pgg", Old, {})},
-         reading,
-         named(prg, 21, 0),
-         FileSave},
+        {"save arr with styles", {file("song.arr", Old, b.arr), newSty}, Reading, arr(19, 2), FileSave},
+        {"save arr without styles", {file("song.arr", Old, b.arr), oldSty}, Reading, arr(19, 0), FileSave},
+        {"save new arr with styles", {file("song.arr", {}, b.arr), newSty}, Reading, arr(20, 2), FileSave},
+        {"save new arr dropping styles", {file("song.arr", Old, b.arr), noSty}, Reading, arr(20, 1), FileSave},
+        {"save prg dropping its twin", {file("song.prg", Old, b.prg), noPgg}, Reading, prg(21, 0), FileSave},
         {"save pgg dropping its twin",
          {file("song.pgg", {}, b.pgg), file("song.prg", Old, {})},
-         reading,
-         named(prg, 21, 1),
+         Reading,
+         prg(21, 1),
          FileSave},
-        {"save named new prg",
-         {file("song.prg", Old, b.prg), file("song.pgg", Old, {})},
-         reading,
-         named(prg, 22, 0),
-         FileSave},
-        {"save named new pgg", {file("song.pgg", Old, b.pgg)}, reading, named(prg, 22, 1), FileSave},
-        {"save sty",
-         {file("song.sty", Old, b.sty)},
-         reading,
-         [](const std::string& s) { return styles(23, s, fourStyles()); },
-         FileSave},
-        {"save gbl",
-         {file("song.gbl", Old, b.gbl)},
-         reading,
-         [](const std::string& s) { return globals(25, s); },
-         FileSave},
+        {"save named new prg", {file("song.prg", Old, b.prg), noPgg}, Reading, prg(22, 0), FileSave},
+        {"save named new pgg", {file("song.pgg", Old, b.pgg)}, Reading, prg(22, 1), FileSave},
+        {"save sty", {file("song.sty", Old, b.sty)}, Reading, sty(23), FileSave},
+        {"save gbl", {file("song.gbl", Old, b.gbl)}, Reading, gbl(25), FileSave},
     };
 }
 
 std::vector<SaveRow> saveAsRows()
 {
     const Bytes b;
-    const char* untitled = " (Untitled 1)";
-    const Telling writing = Telling::ByWriting;
+    const WrittenFile newArr = file("other.arr", Old, b.arr);
+    const std::vector<WrittenFile> fromSong = {file("song.arr", Old, Old), file("other.arr", {}, b.arr),
+                                               file("other.sty", Old, b.sty)};
+    const std::vector<WrittenFile> newPrg = {file("other.prg", Old, b.prg), file("other.pgg", Old, {})};
+    const std::vector<WrittenFile> newPgg = {file("other.pgg", Old, b.pgg), file("other.prg", Old, {})};
+    const WrittenFile replacedSty = file("other.sty", Old, b.sty);
+    const WrittenFile newSty = file("other.sty", {}, b.sty);
+    const WrittenFile replacedGbl = file("other.gbl", Old, b.gbl);
+    const WrittenFile newGbl = file("other.gbl", {}, b.gbl);
     return {
-        {"save as from a bank",
-         {file("other.arr", Old, b.arr)},
-         writing,
-         [](const std::string&) { return bank(2); },
-         FileSaveAs,
-         "other.arr",
-         1},
-        {"save as arr with styles",
-         {file("song.arr", Old, Old), file("other.arr", {}, b.arr), file("other.sty", Old, b.sty)},
-         Telling::ByBoth,
-         [](const std::string& s) { return withStyles(19, s); },
-         FileSaveAs,
-         "other.arr",
-         1},
-        {"save as untitled arr",
-         {file("other.arr", Old, b.arr), file("other.sty", Old, b.sty)},
-         Telling::ByBoth,
-         [=](const std::string&) { return withStyles(20, untitled); },
-         FileSaveAs,
-         "other.arr",
-         1},
-    };
-}
-
-std::vector<SaveRow> otherSaveAsRows()
-{
-    const Bytes b;
-    const char* untitled = " (Untitled 1)";
-    const Telling writing = Telling::ByWriting;
-    return {
-        {"save as prg",
-         {file("other.prg", Old, b.prg), file("other.pgg", Old, {})},
-         writing,
-         [](const std::string& s) { return programs(21, s, 0); },
-         FileSaveAs,
-         "other.prg",
-         3},
-        {"save as untitled pgg",
-         {file("other.pgg", Old, b.pgg), file("other.prg", Old, {})},
-         writing,
-         [=](const std::string&) { return programs(22, untitled, 1); },
-         FileSaveAs,
-         "other.prg",
-         3},
-        {"save as sty",
-         {file("other.sty", Old, b.sty)},
-         Telling::ByReading,
-         [](const std::string& s) { return styles(23, s, fourStyles()); },
-         FileSaveAs,
-         "other.sty",
-         2},
-        {"save as untitled sty",
-         {file("other.sty", {}, b.sty)},
-         Telling::ByReading,
-         [=](const std::string&) { return styles(24, untitled, fourStyles()); },
-         FileSaveAs,
-         "other",
-         2},
-        {"save as gbl",
-         {file("other.gbl", Old, b.gbl)},
-         writing,
-         [](const std::string& s) { return globals(25, s); },
-         FileSaveAs,
-         "other.gbl",
-         5},
-        {"save as the instrument's gbl",
-         {file("other.gbl", {}, b.gbl)},
-         writing,
-         [](const std::string&) { return globals(14, "Global Parameters"); },
-         FileSaveAs,
-         "other",
-         5},
+        {"save as from a bank", {newArr}, Writing, arrBank(2), FileSaveAs, "other.arr", 1},
+        {"save as arr with styles", fromSong, Both, arr(19, 2), FileSaveAs, "other.arr", 1},
+        {"save as untitled arr", {newArr, replacedSty}, Both, arr(20, 2, Untitled), FileSaveAs, "other.arr", 1},
+        {"save as prg", newPrg, Writing, prg(21, 0), FileSaveAs, "other.prg", 3},
+        {"save as untitled pgg", newPgg, Writing, prg(22, 1, Untitled), FileSaveAs, "other.prg", 3},
+        {"save as sty", {replacedSty}, Reading, sty(23), FileSaveAs, "other.sty", 2},
+        {"save as untitled sty", {newSty}, Reading, sty(24, Untitled), FileSaveAs, "other", 2},
+        {"save as gbl", {replacedGbl}, Writing, gbl(25), FileSaveAs, "other.gbl", 5},
+        {"save as the instrument's gbl", {newGbl}, Writing, gbl(14, "Global Parameters"), FileSaveAs, "other", 5},
     };
 }
 
 std::vector<SaveRow> closingRows()
 {
     const Bytes b;
-    const auto untitled = [](WindowBuffer tag) {
-        tag.set(17, 1);
-        return tag;
-    };
-    const char* none = " (Untitled 1)";
-    const Telling reading = Telling::ByReading, writing = Telling::ByWriting;
+    const WrittenFile songArr = file("song.arr", Old, b.arr);
+    const WrittenFile songSty = file("song.sty", Old, b.sty);
+    const WrittenFile otherArr = file("other.arr", {}, b.arr);
+    const WrittenFile otherSty = file("other.sty", {}, b.sty);
+    const std::vector<WrittenFile> songPgg = {file("song.pgg", Old, b.pgg), file("song.prg", Old, {})};
+    const MakeWindow newArr = nameless(arr(20, 2, Untitled));
+    const MakeWindow newPrg = nameless(prg(22, 0, Untitled));
+    const MakeWindow newSty = nameless(sty(24, Untitled));
     return {
-        {"close arr with styles",
-         {file("song.arr", Old, b.arr), file("song.sty", Old, b.sty)},
-         reading,
-         [](const std::string& s) { return withStyles(19, s); },
-         closeWithYes},
-        {"close arr dropping styles",
-         {file("song.arr", Old, b.arr), file("song.sty", Old, {})},
-         reading,
-         [](const std::string& s) { return arrangements(19, s, 1, ""); },
-         closeWithYes},
-        {"close a bank",
-         {file("other.arr", {}, b.arr)},
-         writing,
-         [](const std::string&) { return bank(3); },
-         closeWithYes,
-         "other.arr",
-         1},
-        {"close named new arr",
-         {file("song.arr", Old, b.arr), file("song.sty", Old, b.sty)},
-         reading,
-         [](const std::string& s) { return withStyles(20, s); },
-         closeWithYes},
-        {"close untitled arr",
-         {file("other.arr", {}, b.arr), file("other.sty", {}, b.sty)},
-         Telling::ByBoth,
-         [=](const std::string&) { return untitled(withStyles(20, none)); },
-         closeWithYes,
-         "other.arr",
-         1},
-    };
-}
-
-std::vector<SaveRow> otherClosingRows()
-{
-    const Bytes b;
-    const auto untitled = [](WindowBuffer tag) {
-        tag.set(17, 1);
-        return tag;
-    };
-    const char* none = " (Untitled 1)";
-    const Telling reading = Telling::ByReading, writing = Telling::ByWriting;
-    return {
-        {"close pgg",
-         {file("song.pgg", Old, b.pgg), file("song.prg", Old, {})},
-         reading,
-         [](const std::string& s) { return programs(21, s, 1); },
-         closeWithYes},
-        {"close untitled prg",
-         {file("other.prg", Old, b.prg)},
-         writing,
-         [=](const std::string&) { return untitled(programs(22, none, 0)); },
-         closeWithYes,
-         "other.prg",
-         3},
-        {"close sty",
-         {file("song.sty", Old, b.sty)},
-         reading,
-         [](const std::string& s) { return styles(23, s, fourStyles()); },
-         closeWithYes},
-        {"close untitled sty",
-         {file("other.sty", {}, b.sty)},
-         reading,
-         [=](const std::string&) { return untitled(styles(24, none, fourStyles())); },
-         closeWithYes,
-         "other.sty",
-         2},
-        {"close gbl",
-         {file("song.gbl", Old, b.gbl)},
-         reading,
-         [](const std::string& s) { return globals(25, s); },
-         closeWithYes},
+        {"close arr with styles", {songArr, songSty}, Reading, arr(19, 2), closeWithYes},
+        {"close arr dropping styles", {songArr, file("song.sty", Old, {})}, Reading, arr(19, 1), closeWithYes},
+        {"close a bank", {otherArr}, Writing, arrBank(3), closeWithYes, "other.arr", 1},
+        {"close named new arr", {songArr, songSty}, Reading, arr(20, 2), closeWithYes},
+        {"close untitled arr", {otherArr, otherSty}, Both, newArr, closeWithYes, "other.arr", 1},
+        {"close pgg", songPgg, Reading, prg(21, 1), closeWithYes},
+        {"close untitled prg", {file("other.prg", Old, b.prg)}, Writing, newPrg, closeWithYes, "other.prg", 3},
+        {"close sty", {songSty}, Reading, sty(23), closeWithYes},
+        {"close untitled sty", {otherSty}, Reading, newSty, closeWithYes, "other.sty", 2},
+        {"close gbl", {file("song.gbl", Old, b.gbl)}, Reading, gbl(25), closeWithYes},
     };
 }
 
@@ -300,14 +187,14 @@ std::vector<WritePath> oddPlaces()
         {"song.arr",
          {"save arr of two names",
           {file("song.arr", Old, b.arr), file("second name", {}, Old)},
-          Telling::ByReading,
-          [](const std::string& s) { return arrangements(19, s, 0, ""); },
+          Reading,
+          arr(19, 0),
           FileSave}},
         {"song.pgg",
          {"save pgg of two names",
           {file("song.pgg", Old, b.pgg), file("second name", {}, Old), file("song.prg", Old, {})},
-          Telling::ByReading,
-          [](const std::string& s) { return programs(21, s, 1); },
+          Reading,
+          prg(21, 1),
           FileSave}},
     };
     for (const auto& [first, row] : twoNames) {
@@ -319,18 +206,8 @@ std::vector<WritePath> oddPlaces()
         paths.back().files[1].silent = true;
     }
     const SaveRow rows[] = {
-        {"save arr in place",
-         {file("song.arr", Old, b.arr)},
-         Telling::ByReading,
-         [](const std::string& s) { return arrangements(19, s, 0, ""); },
-         FileSave},
-        {"save as gbl in place",
-         {file("other.gbl", Old, b.gbl)},
-         Telling::ByWriting,
-         [](const std::string& s) { return globals(25, s); },
-         FileSaveAs,
-         "other.gbl",
-         5},
+        {"save arr in place", {file("song.arr", Old, b.arr)}, Reading, arr(19, 0), FileSave},
+        {"save as gbl in place", {file("other.gbl", Old, b.gbl)}, Writing, gbl(25), FileSaveAs, "other.gbl", 5},
     };
     for (const SaveRow& row : rows) {
         paths.push_back(pathOf(row));
@@ -344,11 +221,8 @@ std::vector<WritePath> oddPlaces()
 std::vector<WritePath> windowPaths()
 {
     std::vector<WritePath> paths;
-    const std::pair<const char*, std::vector<SaveRow>> groups[] = {{"save", saveRows()},
-                                                                   {"save as", saveAsRows()},
-                                                                   {"save as", otherSaveAsRows()},
-                                                                   {"closing save", closingRows()},
-                                                                   {"closing save", otherClosingRows()}};
+    const std::pair<const char*, std::vector<SaveRow>> groups[] = {
+        {"save", saveRows()}, {"save as", saveAsRows()}, {"closing save", closingRows()}};
     for (const auto& [group, rows] : groups)
         for (const SaveRow& row : rows) {
             paths.push_back(pathOf(row));

@@ -3,18 +3,12 @@
 #include "files/SafetyCopies.h"
 #include "files/SavingFixture.h"
 #include "support/OtherUser.h"
+#include "support/Permissions.h"
 
 #include <sys/stat.h>
 
 namespace
 {
-
-mode_t modeOf(const std::string& path)
-{
-    struct stat status {
-    };
-    return lstat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
-}
 
 class SafetyPlaces : public SavingTest
 {

@@ -5,30 +5,8 @@
 
 #include "arrangements/ArrEdit.h"
 #include "database/TvlDBArr.h"
-
-struct IndexRow {
-    std::string name;
-    int id;
-};
-
-/// A database file by hand: records of 26 bytes from offset 52, the map at 25974, the folder at 26971.
-inline std::string database(const std::vector<IndexRow>& rows, std::string folder)
-{
-    std::string file(27221, '\0');
-    file.replace(0, 8, "TvlDBArr");
-    for (std::size_t slot = 0; slot < 997; ++slot)
-        file.replace(52 + slot * 26 + 1, 23, std::string(23, ' '));
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        std::string name = rows[i].name;
-        name.resize(24, ' ');
-        file.replace(52 + i * 26, 24, name);
-        file[52 + i * 26 + 24] = static_cast<char>(rows[i].id % 256);
-        file[52 + i * 26 + 25] = static_cast<char>(rows[i].id / 256);
-        file[25974 + static_cast<std::size_t>(rows[i].id) - 3] = 1;
-    }
-    folder.resize(250, ' ');
-    return file.replace(26971, 250, folder);
-}
+#include "support/DatabaseFile.h"
+#include "support/WindowHands.h"
 
 /// Row 0 and row 63; both with a user style and a program of bank D.
 inline std::string loadedFile()
@@ -52,7 +30,7 @@ inline std::string styles()
     return file;
 }
 
-class DatabaseDesk : public MainWindow
+class DatabaseDesk : public MainWindow, protected WindowHands
 {
 protected:
     DatabaseDesk()
@@ -64,7 +42,7 @@ protected:
     ~DatabaseDesk() override
     {
         window.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        collect();
         Arr = {};
         DBArr = {};
     }
@@ -96,29 +74,8 @@ protected:
                 return found;
         return nullptr;
     }
-    template <typename Control>
-    static Control* control(ChildWindow* parent, const char* name)
-    {
-        auto* found = parent->findChild<Control*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
-    static void press(ChildWindow* parent, const char* name)
-    {
-        QTest::mouseClick(control<QPushButton>(parent, name), Qt::LeftButton);
-    }
     /// Lets events run until no stage timer of the program is enabled.
-    void settle()
-    {
-        EXPECT_TRUE(QTest::qWaitFor(
-            [this] {
-                for (QTimer* one : window->findChildren<QTimer*>())
-                    if (auto* stage = dynamic_cast<StageTimer*>(one); stage && stage->enabled())
-                        return false;
-                return true;
-            },
-            5000));
-    }
+    void settle() { EXPECT_TRUE(settled(window.get())); }
     void open(const std::string& path)
     {
         user.files.push_back({true, path, 1, false});
@@ -132,12 +89,6 @@ protected:
         for (int row = 0; row < list->count(); ++row)
             texts << list->item(row)->text();
         return texts;
-    }
-    static void clickRow(ChildWindow* parent, int row)
-    {
-        auto* list = control<QListWidget>(parent, "List1");
-        list->scrollToItem(list->item(row));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
     }
     ChildWindow* openDatabase()
     {

@@ -8,6 +8,7 @@
 #include "clipboard/ClipRoom.h"
 #include "core/NameTables.h"
 #include "styles/StyleSends.h"
+#include "support/WindowHands.h"
 
 #include <QContextMenuEvent>
 
@@ -15,7 +16,7 @@ inline const std::vector<Style> Styles{{"Samba", 40, 1}, {"Tango", 50, 2}, {"- e
 inline const Arrangements Songs{
     {0, {"Ballad", 5, 0}}, {1, {"My Samba", 0, 1}}, {2, {"Rock", 127, 0}}, {3, {"My Tango", 1, 1}}};
 
-class EditMenu : public MainWindow
+class EditMenu : public MainWindow, protected WindowHands
 {
 protected:
     EditMenu()
@@ -33,7 +34,7 @@ protected:
     ~EditMenu() override
     {
         window.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        collect();
         Arr = {};
         StyLoad = {};
     }
@@ -57,7 +58,7 @@ protected:
     static void settle()
     {
         QTest::qWait(30);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        collect();
     }
     void choose(const char* name)
     {
@@ -70,13 +71,16 @@ protected:
         window->area()->setActiveSubWindow(child);
         QApplication::processEvents();
     }
-    static QListWidget* list(ChildWindow* child) { return child->findChild<QListWidget*>("List1"); }
+    /// The style window that song.arr opens on its styles.
+    ChildWindow* showStyles()
+    {
+        activate(song);
+        press(song, "CommShowSty");
+        settle();
+        return active();
+    }
     static QString text(ChildWindow* child, int row) { return list(child)->item(row)->text(); }
     static QString figure(ChildWindow* child, const char* name) { return child->findChild<QLineEdit*>(name)->text(); }
-    static bool enabled(ChildWindow* child, const char* name)
-    {
-        return child->findChild<QPushButton*>(name)->isEnabled();
-    }
     static QStringList styleBox(ChildWindow* child)
     {
         QStringList entries;
@@ -87,9 +91,7 @@ protected:
     }
     void click(ChildWindow* child, int row, Qt::KeyboardModifiers modifiers = {})
     {
-        QListWidget* rows = list(child);
-        rows->scrollToItem(rows->item(row));
-        QTest::mouseClick(rows->viewport(), Qt::LeftButton, modifiers, rows->visualItemRect(rows->item(row)).center());
+        clickRow(child, row, modifiers);
         settle();
     }
     /// A key on the list, with the main window active as a player has it.

@@ -8,9 +8,7 @@ TEST_F(EditMenu, aCutWithTheLinkedStyleWindowOpenShowsItAgainWithTheNewStyles)
     songs.put("beats.sty", styFile(Styles));
     ChildWindow* first = open("first.sty", styFile(Styles), 2); // takes the first slot of the family
     song = open("song.arr", arrFile(Songs), 1);
-    QTest::mouseClick(song->findChild<QPushButton*>("CommShowSty"), Qt::LeftButton);
-    settle();
-    QPointer<ChildWindow> styles = active();
+    QPointer<ChildWindow> styles = showStyles();
     ASSERT_EQ(styles->windowKind(), 23);
     ASSERT_EQ(styles->Tag.number(), 2);
     styles->placeInTwips(450, 600, 6000, 5400);
@@ -66,10 +64,7 @@ TEST_F(EditMenu, theLinkedStyleWindowComesAgainWithoutAnyStyleToo)
 TEST_F(EditMenu, aPasteOfARowWithAFactoryStyleLeavesTheLinkedStyleWindowAsItIs)
 {
     openSongs();
-    activate(song);
-    QTest::mouseClick(song->findChild<QPushButton*>("CommShowSty"), Qt::LeftButton);
-    settle();
-    const QPointer<ChildWindow> styles = active();
+    const QPointer<ChildWindow> styles = showStyles();
     activate(song);
     click(song, 0);
     key(song, Qt::Key_C);
@@ -83,10 +78,7 @@ TEST_F(EditMenu, aPasteOfARowWithAFactoryStyleLeavesTheLinkedStyleWindowAsItIs)
 TEST_F(EditMenu, aCutAndPasteInTheLinkedStyleWindowReachesTheArrangementWindow)
 {
     openSongs();
-    activate(song);
-    QTest::mouseClick(song->findChild<QPushButton*>("CommShowSty"), Qt::LeftButton);
-    settle();
-    ChildWindow* styles = active();
+    ChildWindow* styles = showStyles();
     ASSERT_EQ(styles->windowKind(), 23);
     click(styles, 3);
     key(styles, Qt::Key_X);
@@ -159,10 +151,7 @@ TEST_F(EditMenu, theEditorOfAnotherRowStays)
 TEST_F(EditMenu, theLinkEndsWithTheArrangementWindow)
 {
     openSongs();
-    activate(song);
-    QTest::mouseClick(song->findChild<QPushButton*>("CommShowSty"), Qt::LeftButton);
-    settle();
-    ChildWindow* styles = active();
+    ChildWindow* styles = showStyles();
     song->unloadWithoutAsking();
     settle();
     EXPECT_TRUE(App.Styles[0].used);

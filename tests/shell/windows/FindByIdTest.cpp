@@ -1,6 +1,7 @@
 // The find through the real main window: its own window, the file or bank that it brings, and the exact bytes that the
 // instrument is sent.
 #include "DatabaseDesk.h"
+#include "support/Unpacked.h"
 
 TEST_F(DatabaseDesk, theFindWindowTakesItsItemAndGivesItBack)
 {
@@ -325,13 +326,6 @@ TEST_F(DatabaseDesk, aSecondFindTakesTheInstrumentOver)
 
 TEST_F(DatabaseDesk, theDumpsOfAFindHoldTheFilesBytes)
 {
-    const auto unpacked = [](const std::string& message) {
-        std::string bytes;
-        for (std::size_t run = 5; run + 1 < message.size(); run += 8)
-            for (std::size_t i = 1; i < 8 && run + i + 1 < message.size(); ++i)
-                bytes += static_cast<char>(message[run + i] | (((message[run] >> (i - 1)) & 1) << 7));
-        return bytes;
-    };
     std::string programs = programFile();
     for (std::size_t i = 48; i < programs.size(); ++i)
         programs[i] = static_cast<char>(i * 7 % 251);
@@ -352,9 +346,9 @@ TEST_F(DatabaseDesk, theDumpsOfAFindHoldTheFilesBytes)
     EXPECT_EQ(hex(messages[1]), "F0 42 30 4D 4E 0A F7");
     EXPECT_EQ(hex(messages[2].substr(0, 5)), "F0 42 30 4D 64");
     EXPECT_EQ(messages[2].back(), '\xF7');
-    EXPECT_EQ(unpacked(messages[2]), song.substr(32, 10496));
+    EXPECT_EQ(unpackedBody(messages[2]), song.substr(32, 10496));
     EXPECT_EQ(hex(messages[3].substr(0, 5)), "F0 42 30 4D 4C");
-    EXPECT_EQ(unpacked(messages[3]).substr(0, 11008), programs.substr(48, 11008));
+    EXPECT_EQ(unpackedBody(messages[3]).substr(0, 11008), programs.substr(48, 11008));
     EXPECT_EQ(hexOf({messages.begin() + 4, messages.end()}), "B0 00 00 | B0 20 01 | C0 3F");
 }
 

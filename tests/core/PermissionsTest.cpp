@@ -6,6 +6,7 @@
 
 #include "support/CoreRun.h"
 #include "support/OtherUser.h"
+#include "support/Permissions.h"
 
 #include <csignal>
 #include <gtest/gtest.h>
@@ -13,26 +14,6 @@
 
 namespace
 {
-
-mode_t modeOf(const std::string& path)
-{
-    struct stat status {
-    };
-    return lstat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
-}
-
-/// The umask of this process for the length of a test.
-class Umask
-{
-public:
-    explicit Umask(mode_t bits) : before_(umask(bits)) {}
-    ~Umask() { umask(before_); }
-    Umask(const Umask&) = delete;
-    Umask& operator=(const Umask&) = delete;
-
-private:
-    mode_t before_;
-};
 
 struct UmaskCase {
     mode_t bits;
