@@ -1,6 +1,8 @@
 // Two pieces a row, cut at the tab.
 #include "database/QtDBArrRows.h"
 
+#include "toolkit/QtLooks.h"
+
 #include <QApplication>
 #include <QPainter>
 
@@ -29,10 +31,8 @@ void QtDBArrRows::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     const QStyle* style = row.widget ? row.widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
 
-    const bool selected = row.state & QStyle::State_Selected;
-    const auto group = row.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
     painter->setFont(row.font);
-    painter->setPen(row.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+    painter->setPen(Looks::wordsOf(row));
     QRect place = row.rect;
     place.setWidth(numberEnd(row.fontMetrics));
     painter->drawText(place, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, text.left(tab));

@@ -47,6 +47,7 @@ void showAsKey(QLabel* label, bool black)
     QPalette colours = label->palette();
     colours.setColor(QPalette::Window, black ? QColor(0x30, 0x30, 0x30) : QColor(Qt::white));
     colours.setColor(QPalette::WindowText, black ? QColor(Qt::white) : QColor(0x20, 0x20, 0x20));
+    colours.setColor(QPalette::Disabled, QPalette::WindowText, Qt::gray);
     label->setPalette(colours);
     label->setAutoFillBackground(true);
     label->setFrameShape(QFrame::Box);

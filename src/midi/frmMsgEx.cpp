@@ -5,8 +5,8 @@
 #include "core/Shell.h"
 #include "core/Strings.h"
 #include "midi/MIDI.h"
+#include "toolkit/QtLooks.h"
 
-#include <QFontDatabase>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 
@@ -33,7 +33,7 @@ frmMsgEx::frmMsgEx() : ChildWindow("frmMsgEx", &AppState::OtherCount)
     Text1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     Text1->setUndoRedoEnabled(false);
     Text1->setMaximumBlockCount(KeptBlocks);
-    Text1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    Text1->setFont(Looks::fixedFont(this));
     Text1->setFrameShape(QFrame::NoFrame);
     Text1->setContextMenuPolicy(Qt::NoContextMenu);
     setWidget(Text1);

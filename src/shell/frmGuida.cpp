@@ -6,8 +6,8 @@
 #include "core/Reports.h"
 #include "core/Shell.h"
 #include "core/Strings.h"
+#include "toolkit/QtLooks.h"
 
-#include <QFontDatabase>
 #include <QPlainTextEdit>
 
 namespace
@@ -59,7 +59,7 @@ frmGuida::frmGuida(const QString& text) : ChildWindow("frmGuida", &AppState::Oth
     Text1->setAccessibleName(windowTitle());
     Text1->setReadOnly(true);
     Text1->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    Text1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    Text1->setFont(Looks::fixedFont(this));
     Text1->setFrameShape(QFrame::NoFrame);
     Text1->setContextMenuPolicy(Qt::NoContextMenu);
     setWidget(Text1);

@@ -1,7 +1,9 @@
 // Measuring contrast, and moving colours until they have it.
 #include "toolkit/QtLooks.h"
 
+#include <QFontDatabase>
 #include <QPushButton>
+#include <QStyleOptionViewItem>
 #include <QTabWidget>
 #include <QWidget>
 
@@ -38,6 +40,13 @@ QFont Looks::listFont(const QWidget* window)
     return font;
 }
 
+QFont Looks::fixedFont(const QWidget* window)
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPointSizeF(std::max(font.pointSizeF(), window->font().pointSizeF()));
+    return font;
+}
+
 qreal Looks::contrast(const QColor& one, const QColor& other)
 {
     const qreal a = luminance(one);
@@ -69,6 +78,13 @@ QPalette Looks::readable(QPalette palette)
         palette.setColor(group, QPalette::Highlight, onTheWay(accent, away, words, TextContrast));
     }
     return palette;
+}
+
+QColor Looks::wordsOf(const QStyleOptionViewItem& row)
+{
+    const auto active = row.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+    return row.palette.color(row.state & QStyle::State_Enabled ? active : QPalette::Disabled,
+                             row.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text);
 }
 
 QTabWidget* Looks::makePages(QWidget* content)

@@ -10,6 +10,7 @@
 
 class QPushButton;
 class QString;
+class QStyleOptionViewItem;
 class QTabWidget;
 class QWidget;
 
@@ -25,6 +26,9 @@ inline constexpr qreal DrawingContrast = 3.0;  ///< of a mark that is no text
 
 /// The type of every list of the instrument's rows: Arial of 10 points, more where the desktop's own type is larger.
 QFont listFont(const QWidget* window);
+/// The type of texts whose letters stand in columns: the desktop's own for it, as large as the rest of the window at
+/// least.
+QFont fixedFont(const QWidget* window);
 
 /// Contrast of two colours as the accessibility guidelines count it, 1 to 21.
 qreal contrast(const QColor& one, const QColor& other);
@@ -47,6 +51,9 @@ void useReadableStyle();
 /// The pages of a window with very many controls, SSTab1, in type a little smaller than the desktop's; `content`, their
 /// parent, gets that type too.
 QTabWidget* makePages(QWidget* content);
+
+/// The colour of a list row's words: chosen or not, on or off, in the window that has the keys or behind it.
+QColor wordsOf(const QStyleOptionViewItem& row);
 
 /// A button with its object name.
 QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption);

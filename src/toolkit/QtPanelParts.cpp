@@ -211,6 +211,8 @@ void letShrink(QWidget* content)
 {
     constexpr int HeightBesideText = 6;
     for (QWidget* control : content->findChildren<QWidget*>()) {
+        if (qobject_cast<QComboBox*>(control->parentWidget()))
+            continue; // the field in a list would cover the list's own frame
         if (qobject_cast<QComboBox*>(control) || qobject_cast<QLineEdit*>(control) ||
             qobject_cast<QPushButton*>(control))
             control->setMinimumHeight(control->fontMetrics().height() + HeightBesideText);
@@ -288,8 +290,10 @@ QPushButton* makeColourButton(QWidget* parent, const char* letter)
 
 void showButtonColour(QPushButton* button, int blueGreenRed)
 {
+    constexpr int OffShade = 140; // per cent: of the letter on a button that is off
     QPalette palette = button->palette();
     palette.setColor(QPalette::Button, colourOf(blueGreenRed));
     palette.setColor(QPalette::ButtonText, Qt::black);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, colourOf(blueGreenRed).darker(OffShade));
     button->setPalette(palette);
 }

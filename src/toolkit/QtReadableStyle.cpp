@@ -17,6 +17,7 @@ constexpr int Darker = 140;    ///< per cent by which the plain style darkens a 
 constexpr int Lighter = 125;   ///< undoes what the plain style takes from the accent for a ring
 constexpr qreal FocusContrast = 4.0;
 constexpr qreal Corner = 2.0;
+constexpr qreal Faint = 0.4; ///< of a slider that is off
 
 bool isDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < DarkBelow; }
 
@@ -60,10 +61,8 @@ public:
 
 private:
     /// Only the plain style is known well enough.
-    bool wantsPlainLines(const QStyleOption* option) const
-    {
-        return isDark(option->palette) && baseStyle()->name() == QLatin1String("fusion");
-    }
+    bool isPlain() const { return baseStyle()->name() == QLatin1String("fusion"); }
+    bool wantsPlainLines(const QStyleOption* option) const { return isDark(option->palette) && isPlain(); }
     /// The palette with bright lines: one for all controls, since the style keeps its drawings by the palette's number.
     QPalette lined(const QPalette& palette) const;
     template <class Option>
@@ -129,8 +128,12 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     } else {
         Base::drawPrimitive(element, option, painter, widget);
     }
-    if (element == PE_FrameFocusRect && option->state.testFlag(State_KeyboardFocusChange) && wantsPlainLines(option))
-        drawRing(painter, option->rect, ringColour(option->palette), 1);
+    if (element == PE_FrameFocusRect && option->state.testFlag(State_KeyboardFocusChange) && isPlain()) {
+        const bool chosenRow = option->state.testFlag(State_Item) && option->state.testFlag(State_Selected);
+        const int inset = chosenRow ? 1 : 0;
+        drawRing(painter, option->rect.adjusted(inset, inset, -inset, -inset),
+                 chosenRow ? option->palette.color(QPalette::HighlightedText) : ringColour(option->palette), 1);
+    }
 }
 
 void ReadableStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -139,12 +142,11 @@ void ReadableStyle::drawControl(ControlElement element, const QStyleOption* opti
     Base::drawControl(element, option, painter, widget);
     if (element == CE_PushButton && hasKeys(option))
         drawRing(painter, option->rect.adjusted(0, 1, 0, 1), ringColour(option->palette), 2);
-    if (!wantsPlainLines(option))
-        return;
-    if (element == CE_TabBarTabLabel && hasKeys(option))
+    if (element == CE_TabBarTabLabel && hasKeys(option) && isPlain())
         drawRing(painter, option->rect.adjusted(3, 2, -2, -2), ringColour(option->palette), 1);
     const auto* row = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-    if (element == CE_MenuItem && row && row->menuItemType == QStyleOptionMenuItem::Separator && row->text.isEmpty()) {
+    if (element == CE_MenuItem && row && row->menuItemType == QStyleOptionMenuItem::Separator && row->text.isEmpty() &&
+        wantsPlainLines(option)) {
         constexpr int Side = 4;
         painter->setPen(lined(option->palette).color(QPalette::Window).darker(Darker));
         const int y = option->rect.center().y();
@@ -165,9 +167,17 @@ void ReadableStyle::drawComplexControl(ComplexControl control, const QStyleOptio
     } else if (combo && (combo->editable || hasKeys(option)) && wantsPlainLines(option)) {
         const QStyleOptionComboBox bright = withLines(*combo);
         Base::drawComplexControl(control, &bright, painter, widget);
+    } else if (control == CC_Slider && !option->state.testFlag(State_Enabled)) {
+        // The plain one shows what is off by the filled part of the groove alone.
+        painter->save();
+        painter->setOpacity(painter->opacity() * Faint);
+        Base::drawComplexControl(control, option, painter, widget);
+        painter->restore();
     } else {
         Base::drawComplexControl(control, option, painter, widget);
     }
+    if (control == CC_ToolButton && hasKeys(option))
+        drawRing(painter, option->rect, ringColour(option->palette), 1);
     if (control == CC_Slider && hasKeys(option) && wantsPlainLines(option))
         drawRing(painter, subControlRect(control, option, SC_SliderHandle, widget), ringColour(option->palette), 1);
 }

@@ -1,6 +1,8 @@
 // A row is its code of two characters, two marks, and the name.
 #include "toolkit/RowColumns.h"
 
+#include "toolkit/QtLooks.h"
+
 #include <QApplication>
 #include <QPainter>
 
@@ -35,10 +37,8 @@ void RowColumns::drawPieces(QPainter* painter, const QStyleOptionViewItem& row) 
     const QFontMetrics& metrics = row.fontMetrics;
     const int column = metrics.horizontalAdvance(QLatin1Char('+'));
     const int codeWidth = metrics.horizontalAdvance(QLatin1String("00")) + column / 2;
-    const bool selected = row.state & QStyle::State_Selected;
-    const auto group = row.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
     painter->setFont(row.font);
-    painter->setPen(row.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+    painter->setPen(Looks::wordsOf(row));
 
     QRect place = row.rect.adjusted(column / 2, 0, -column / 2, 0);
     const auto draw = [&](const QString& piece, int width) {

@@ -1,7 +1,10 @@
 // The colours and the type that windows share.
 #include "toolkit/QtLooks.h"
+#include "toolkit/QtPanelParts.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -82,4 +85,30 @@ TEST(ListType, isArialOfTenPointsAndFollowsLargerType)
     font.setPointSizeF(18);
     window.setFont(font);
     EXPECT_EQ(Looks::listFont(&window).pointSizeF(), 18);
+}
+
+TEST(TypeOfColumns, isOfOneWidthAndFollowsLargerType)
+{
+    QWidget window;
+    QFont font = window.font();
+    font.setPointSizeF(22);
+    window.setFont(font);
+    EXPECT_EQ(Looks::fixedFont(&window).pointSizeF(), 22);
+    const QFontMetrics letters(Looks::fixedFont(&window));
+    EXPECT_EQ(letters.horizontalAdvance(QStringLiteral("iiii")), letters.horizontalAdvance(QStringLiteral("WWWW")));
+}
+
+// The list is as low as its text allows; its own frame goes on below the field.
+TEST(FieldOfAList, leavesTheFrameInSightWhereThePageIsTight)
+{
+    QWidget page;
+    ChoiceRows rows;
+    static constexpr std::string_view Choices[] = {"OFF", "ON"};
+    QComboBox* list = makeTypedChoice(&page, rows, Choices);
+    letShrink(&page);
+    list->setGeometry(0, 0, 60, list->minimumHeight());
+    page.show();
+    const QRect field = list->lineEdit()->geometry();
+    EXPECT_GE(field.top(), 1);
+    EXPECT_LT(field.bottom(), list->height() - 1);
 }
