@@ -3,6 +3,7 @@
 #include "EveryWindow.h"
 #include "TextFit.h"
 
+#include "support/Seen.h"
 #include "toolkit/QtLooks.h"
 #include "tools/pictures/Palettes.h"
 
@@ -187,6 +188,46 @@ class TextIn : public Contrast
 TEST_P(TextIn, aLightThemeStandsOutFromItsGround) { isEnoughIn(lightPalette()); }
 TEST_P(TextIn, aDarkThemeStandsOutFromItsGround) { isEnoughIn(darkPalette()); }
 
+class Off : public Looking
+{
+protected:
+    Off() { Looks::useReadableStyle(); }
+    ~Off() override
+    {
+        window.reset();
+        QApplication::setStyle(QStringLiteral("fusion"));
+    }
+    static bool hasWords(const QWidget* one)
+    {
+        const auto* field = dynamic_cast<const QLineEdit*>(one);
+        const auto* list = dynamic_cast<const QListWidget*>(one);
+        return dynamic_cast<const QSlider*>(one) || (list && list->count() > 0) ||
+               (field && !field->text().isEmpty()) || wantedByText(one).width() > 0;
+    }
+    /// Turns each control off, or on, and looks whether its words change by a contrast that is seen.
+    void isSeenIn(const QPalette& theme)
+    {
+        QApplication::setPalette(Looks::readable(theme));
+        openEverything();
+        onEveryPage([this](QWidget* top) {
+            for (QWidget* one : top->findChildren<QWidget*>()) {
+                if (!one->isVisible() || !one->parentWidget()->isEnabled() || !hasWords(one))
+                    continue;
+                ++looked;
+                const bool was = one->isEnabled();
+                const QImage before = one->grab().toImage();
+                one->setEnabled(!was);
+                EXPECT_GE(pixelsApart(before, one->grab().toImage(), 1.5), 3) << nameOf(one);
+                one->setEnabled(was);
+            }
+        });
+        EXPECT_GT(looked, 500);
+    }
+};
+
+TEST_P(Off, isSeenOnEachControlOfALightTheme) { isSeenIn(lightPalette()); }
+TEST_P(Off, isSeenOnEachControlOfADarkTheme) { isSeenIn(darkPalette()); }
+
 class Window : public Looking
 {
 };
@@ -253,6 +294,8 @@ TEST_P(Window, hasItsFiguresRightAligned)
 INSTANTIATE_TEST_SUITE_P(InBothLanguages, TypeOf, testing::Values(1, 2),
                          [](const auto& run) { return run.param == 1 ? "Italian" : "English"; });
 INSTANTIATE_TEST_SUITE_P(InBothLanguages, TextIn, testing::Values(1, 2),
+                         [](const auto& run) { return run.param == 1 ? "Italian" : "English"; });
+INSTANTIATE_TEST_SUITE_P(InBothLanguages, Off, testing::Values(1, 2),
                          [](const auto& run) { return run.param == 1 ? "Italian" : "English"; });
 INSTANTIATE_TEST_SUITE_P(InBothLanguages, Window, testing::Values(1, 2),
                          [](const auto& run) { return run.param == 1 ? "Italian" : "English"; });
