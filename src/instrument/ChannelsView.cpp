@@ -2,6 +2,7 @@
 #include "instrument/ChannelsView.h"
 
 #include "instrument/QtInstrumentColours.h"
+#include "toolkit/QtPlainTip.h"
 
 #include <QHelpEvent>
 #include <QPainter>
@@ -130,7 +131,8 @@ bool ChannelsView::event(QEvent* event)
     const auto* help = static_cast<QHelpEvent*>(event);
     for (int channel = 0; channel < VirtualInstrument::ChannelCount; ++channel)
         if (strip(channel).contains(help->pos())) {
-            QToolTip::showText(help->globalPos(), textOf(channels_[static_cast<std::size_t>(channel)].selection), this);
+            const auto& shown = channels_[static_cast<std::size_t>(channel)];
+            QToolTip::showText(help->globalPos(), plainTip(textOf(shown.selection)), this);
             return true;
         }
     QToolTip::hideText();

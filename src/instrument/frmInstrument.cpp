@@ -14,6 +14,7 @@
 #include "instrument/KeysView.h"
 #include "instrument/QtInstrumentColours.h"
 #include "instrument/VirtualMidiService.h"
+#include "toolkit/QtPlainTip.h"
 #include "toolkit/QtSpoken.h"
 
 #include <QBoxLayout>
@@ -79,7 +80,7 @@ void setRows(QListWidget* list, const std::vector<std::string>& rows)
         if (item->text() == wanted)
             continue;
         item->setText(wanted);
-        item->setToolTip(wanted);
+        item->setToolTip(plainTip(wanted));
     }
 }
 
@@ -208,6 +209,7 @@ QWidget* frmInstrument::buildHeld()
     TabHeld = new QTabWidget(this);
     TabHeld->setObjectName(QStringLiteral("TabHeld"));
     TabHeld->setUsesScrollButtons(true);
+    TabHeld->setDocumentMode(true); // the lists have frames of their own, as that of the messages
     ListArrangements = addTab("ListArrangements", Words::InstArrangements);
     ListStyles = addTab("ListStyles", Words::InstStyles);
     ListPrograms = addTab("ListPrograms", Words::InstPrograms);
@@ -323,7 +325,7 @@ void frmInstrument::showMessages()
     const bool following = bar->value() == bar->maximum();
     for (auto message = log.end() - fresh; message != log.end(); ++message) {
         auto* item = new QListWidgetItem(text(message->words), ListMessages);
-        item->setToolTip(text(message->words + "\n" + message->head));
+        item->setToolTip(plainTip(text(message->words + "\n" + message->head)));
         if (message->fault != Fault::None) {
             QFont bold = ListMessages->font();
             bold.setBold(true);

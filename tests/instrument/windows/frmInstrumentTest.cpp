@@ -15,21 +15,24 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QTextDocument>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 namespace
 {
 
 /// 64 records of 164 bytes, all packed by hand: the names are ASCII, so every byte of top bits is 0.
-std::string arrangementDump()
+std::string arrangementDump(const char* firstName = "Valzer Lento")
 {
     std::string records(64 * 164, '\0');
-    const char* names[] = {"Valzer Lento", "Bossa di Sera", "Polka Rossa"};
+    const char* names[] = {firstName, "Bossa di Sera", "Polka Rossa"};
     for (std::size_t index = 0; index < 3; ++index)
         records.replace(index * 164, 16, (names[index] + std::string(16, ' ')).substr(0, 16));
     std::string packed;
@@ -116,6 +119,33 @@ TEST_F(InstrumentWindow, listsTheNamesItHolds)
     EXPECT_EQ(after[3], "14");
     EXPECT_EQ(rows("ListStyles").size(), 16);
     EXPECT_EQ(rows("ListPrograms").size(), 64);
+}
+
+// A tool tip takes what looks like markup for markup; what it shows is the plain text of it.
+TEST_F(InstrumentWindow, tellsNamesLetterByLetterInItsToolTips)
+{
+    open();
+    instrument.take(arrangementDump("<b>Bold</b>"));
+    take("B0 20 01 C0 00");
+    window->refresh();
+    const auto shown = [](const QString& tip) {
+        QTextDocument words;
+        if (Qt::mightBeRichText(tip))
+            words.setHtml(tip);
+        else
+            words.setPlainText(tip);
+        return words.toPlainText();
+    };
+    EXPECT_EQ(shown(find<QListWidget>("ListArrangements")->item(0)->toolTip()), "11 <b>Bold</b>");
+    const auto* messages = find<QListWidget>("ListMessages");
+    const QString last = messages->item(messages->count() - 1)->toolTip();
+    EXPECT_TRUE(shown(last).contains("<b>Bold</b>")) << last.toStdString();
+    auto* channels = find<ChannelsView>("Channels");
+    const QPoint first(5, channels->height() - 5);
+    QHelpEvent help(QEvent::ToolTip, first, channels->mapToGlobal(first));
+    QApplication::sendEvent(channels, &help);
+    EXPECT_EQ(shown(QToolTip::text()), "11 <b>Bold</b>");
+    QToolTip::hideText();
 }
 
 TEST_F(InstrumentWindow, listsTheChannelsThatWereUsedWithSelectionAndControllers)
