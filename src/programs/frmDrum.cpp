@@ -29,6 +29,7 @@ void frmDrum::buildControls()
     QFont small = List1->font(); // the longest of the names fits the narrow list
     small.setPointSizeF(small.pointSizeF() * Smaller);
     List1->setFont(small);
+    List1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // with large type the names end in an ellipsis
     List1->onClick([this] { chooseRow(); });
     layOut(content, Layout::BelowTheList);
     addHeading(content);

@@ -149,6 +149,7 @@ void frmStyUN::makeFigures(QWidget* content)
     Text1.create([&](int slot) {
         QLineEdit* text = makeFigure(content, WidestLength, withWord(Words::StyleLength, slotCode(slot)));
         text->setFrame(false);
+        text->setFont(List1->font()); // one base line with the row
         return text;
     });
     Text2.create(
