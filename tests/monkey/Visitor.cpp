@@ -1,3 +1,4 @@
+// The script begins when the program is idle for the first time; the questions of a first run are answered before.
 #include "monkey/Visitor.h"
 
 #include "core/Dichiarazioni.h"

@@ -7,6 +7,7 @@
 #include "monkey/Account.h"
 #include "monkey/Invariants.h"
 #include "monkey/ObjectCensus.h"
+#include "monkey/TimelessRun.h"
 #include "monkey/VirtualLoop.h"
 #include "monkey/WatchedMidiService.h"
 #include "monkey/World.h"
@@ -176,14 +177,10 @@ int main(int argc, char** argv)
     const Order order = orderOf(argc, argv);
     Account::begin("monkey " + std::to_string(order.seed) + " " + std::to_string(order.events) + " --trace");
     ObjectCensus::begin();
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(quiet);
-    QCoreApplication::setEventDispatcher(&Session::loop());
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Tarvolyne"));
-    Session session(order);
-    session.run();
-    session.tellFigures();
-    return 0;
+    return runTimeless(Session::loop(), argc, argv, [&] {
+        Session session(order);
+        session.run();
+        session.tellFigures();
+    });
 }

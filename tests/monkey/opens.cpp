@@ -6,6 +6,7 @@
 #include "monkey/Account.h"
 #include "monkey/Damage.h"
 #include "monkey/Invariants.h"
+#include "monkey/TimelessRun.h"
 #include "monkey/Visitor.h"
 #include "monkey/WatchedMidiService.h"
 #include "monkey/World.h"
@@ -188,12 +189,7 @@ int main(int argc, char** argv)
         return 2;
     }
     Account::begin(std::string("opens ") + argv[1] + " " + argv[2], 300);
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    auto* loop = new VirtualLoop; // the application's from its making on
-    QCoreApplication::setEventDispatcher(loop);
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Tarvolyne"));
-    Opens(std::strtoull(argv[1], nullptr, 10), std::atoi(argv[2])).run(*loop);
-    return 0;
+    auto* loop = new VirtualLoop;
+    return runTimeless(*loop, argc, argv,
+                       [&] { Opens(std::strtoull(argv[1], nullptr, 10), std::atoi(argv[2])).run(*loop); });
 }

@@ -9,6 +9,7 @@
 #include "midi/WireClock.h"
 #include "monkey/Account.h"
 #include "monkey/Invariants.h"
+#include "monkey/TimelessRun.h"
 #include "monkey/Usage.h"
 #include "monkey/Visitor.h"
 #include "monkey/World.h"
@@ -222,12 +223,8 @@ int main(int argc, char** argv)
     Account::begin(std::string("windows ") + argv[1] + (argc == 4 ? std::string(" ") + argv[2] + " " + argv[3] : ""),
                    UnderValgrind);
     ObjectCensus::begin();
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    auto* loop = new VirtualLoop; // the application's from its making on
-    QCoreApplication::setEventDispatcher(loop);
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Tarvolyne"));
-    Windows(std::atoi(argv[1]), argc == 4 ? std::atoi(argv[2]) : 0, argc == 4 ? std::atoi(argv[3]) : 0).run(*loop);
-    return 0;
+    auto* loop = new VirtualLoop;
+    return runTimeless(*loop, argc, argv, [&] {
+        Windows(std::atoi(argv[1]), argc == 4 ? std::atoi(argv[2]) : 0, argc == 4 ? std::atoi(argv[3]) : 0).run(*loop);
+    });
 }
