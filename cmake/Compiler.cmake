@@ -8,7 +8,6 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 include(CheckPIESupported)
 check_pie_supported()
-include(CheckLinkerFlag)
 
 option(TARVOLYNE_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 option(TARVOLYNE_FUZZ "With sanitizers under clang: logic that libFuzzer can drive, and the fuzz targets" ON)
@@ -43,11 +42,6 @@ if(TARVOLYNE_SANITIZE)
   add_link_options(-fsanitize=address,undefined -fuse-ld=lld)
 else()
   add_link_options(-Wl,-O1,--as-needed,-z,now,-z,relro)
-  # The three thousand addresses that the loader moves at each start take a bit each instead of 24 bytes.
-  check_linker_flag(CXX -Wl,-z,pack-relative-relocs TARVOLYNE_PACKS_RELOCATIONS)
-  if(TARVOLYNE_PACKS_RELOCATIONS)
-    add_link_options("$<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-Wl,-z,pack-relative-relocs>")
-  endif()
   # What people install is hardened as the rest of their system: a fault ends the program before it can be used. The
   # checks of the C library want optimised code.
   set(hardening -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -D_GLIBCXX_ASSERTIONS)
