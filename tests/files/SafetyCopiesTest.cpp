@@ -387,15 +387,20 @@ TEST_F(SafetyCopiesTest, aFileThatAloneExceedsTheLimitIsNotKept)
 
 TEST_F(SafetyCopiesTest, filesOfTheUsersAmongTheCopiesAreNeverRemoved)
 {
+    // The last three are all but copies: a number too short or too long, and a folder.
+    const Names mine = {"a note.txt", "2001-01-01.arr", "2001-01-01 10.00.00-01.arr",
+                        "2001-01-01 10.00.00-0000000001.arr"};
     std::filesystem::create_directories(placeOf("song.arr"));
-    std::ofstream(placeOf("song.arr") + "/a note.txt") << "mine";
-    std::ofstream(placeOf("song.arr") + "/2001-01-01.arr") << "mine too";
+    for (const std::string& name : mine)
+        std::ofstream(placeOf("song.arr") + "/" + name) << "mine";
+    std::filesystem::create_directory(placeOf("song.arr") + "/2001-01-01 10.00.00-001.arr");
     folder.put("song.arr", "0");
     for (int save = 1; save <= 25; ++save)
         ASSERT_EQ(replaceKeeping(folder.file("song.arr"), std::to_string(save)), 0);
-    EXPECT_TRUE(std::filesystem::exists(placeOf("song.arr") + "/a note.txt"));
-    EXPECT_TRUE(std::filesystem::exists(placeOf("song.arr") + "/2001-01-01.arr"));
-    EXPECT_EQ(copyNames("song.arr").size(), 22u);
+    for (const std::string& name : mine)
+        EXPECT_TRUE(std::filesystem::exists(placeOf("song.arr") + "/" + name)) << name;
+    EXPECT_TRUE(std::filesystem::is_directory(placeOf("song.arr") + "/2001-01-01 10.00.00-001.arr"));
+    EXPECT_EQ(copyNames("song.arr").size(), 20 + mine.size() + 1);
 }
 
 TEST_F(SafetyCopiesTest, whatACrashLeftOfACopyIsRemoved)
