@@ -9,12 +9,15 @@
 #include <QPainter>
 #include <QStyleOption>
 
+#include <cmath>
+
 namespace
 {
 
-constexpr int DarkBelow = 128; ///< lightness of a dark window
-constexpr int Darker = 140;    ///< per cent by which the plain style darkens a window's colour to an outline
-constexpr int Lighter = 125;   ///< undoes what the plain style takes from the accent for a ring
+constexpr int DarkBelow = 128;    ///< lightness of a dark window
+constexpr int Darker = 140;       ///< per cent by which the plain style darkens a window's colour to an outline
+constexpr int FrameLighter = 108; ///< than an outline, of the plain style's frames
+constexpr int Lighter = 125;      ///< undoes what the plain style takes from the accent for a ring
 constexpr qreal FocusContrast = 4.0;
 constexpr qreal Corner = 2.0;
 constexpr qreal Faint = 0.4; ///< of a slider that is off
@@ -115,6 +118,21 @@ void drawRing(QPainter* painter, const QRect& frame, const QColor& colour, int l
     painter->restore();
 }
 
+/// A frame as the plain style has it, in whole pixels: at one and a half times scale the plain one loses a side.
+void fillFrame(QPainter* painter, const QRect& frame, const QColor& colour)
+{
+    painter->fillRect(QRect(frame.left(), frame.top(), frame.width(), 1), colour);
+    painter->fillRect(QRect(frame.left(), frame.bottom(), frame.width(), 1), colour);
+    painter->fillRect(QRect(frame.left(), frame.top(), 1, frame.height()), colour);
+    painter->fillRect(QRect(frame.right(), frame.top(), 1, frame.height()), colour);
+}
+
+bool isBetweenScales(const QPainter* painter)
+{
+    const qreal scale = painter->device()->devicePixelRatioF();
+    return scale != std::floor(scale);
+}
+
 void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                   const QWidget* widget) const
 {
@@ -122,6 +140,10 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     if ((element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton) && button && wantsPlainLines(option)) {
         const QStyleOptionButton bright = withLines(*button);
         Base::drawPrimitive(element, &bright, painter, widget);
+    } else if (element == PE_Frame && isBetweenScales(painter) && isPlain() &&
+               !(widget && widget->inherits("QComboBoxPrivateContainer"))) {
+        const QPalette colours = isDark(option->palette) ? lined(option->palette) : option->palette;
+        fillFrame(painter, option->rect, colours.color(QPalette::Window).darker(Darker).lighter(FrameLighter));
     } else if ((element == PE_FrameLineEdit || element == PE_Frame) && wantsPlainLines(option)) {
         const QStyleOption bright = withLines(*option);
         Base::drawPrimitive(element, &bright, painter, widget);

@@ -166,6 +166,25 @@ TEST_P(ReadableStyle, hasOutlinesThatStandOutInADarkTheme)
     }
 }
 
+TEST_P(ReadableStyle, framesAListOnAllSidesBetweenTheScales)
+{
+    QListWidget list;
+    const QColor ground = QApplication::palette().color(QPalette::Base);
+    for (int width = 100; width < 106; ++width) {
+        list.resize(width, width);
+        QPixmap picture((QSizeF(list.size()) * 1.5).toSize());
+        picture.setDevicePixelRatio(1.5);
+        list.render(&picture);
+        const QImage image = picture.toImage();
+        const auto isLine = [&](int x, int y) { return image.pixelColor(x, y) != ground; };
+        const int middle = image.width() / 2;
+        const int last = image.width() - 1;
+        EXPECT_TRUE(isLine(0, middle) && isLine(middle, 0)) << width;
+        EXPECT_TRUE(isLine(last, middle) || isLine(last - 1, middle)) << width;
+        EXPECT_TRUE(isLine(middle, last) || isLine(middle, last - 1)) << width;
+    }
+}
+
 TEST_P(ReadableStyle, partsAMenuByALineThatIsSeen)
 {
     QMenu menu;
