@@ -24,6 +24,8 @@
 namespace
 {
 
+constexpr int LeastToJudge = 300;
+
 struct FileToOpen {
     const char* name;
     int kind;
@@ -112,8 +114,8 @@ void Windows::level(const char* what, int times, Visitor& visitor, const std::fu
                 early.residentKiB, end.residentKiB, early.descriptors, end.descriptors, early.objects, end.objects);
     std::fflush(stdout);
     noteFigure("R17", what, times);
-    if (times < 100)
-        return; // too few to tell growth from the first use of a thing
+    if (times < LeastToJudge)
+        return; // in the first tenth of so few what is used for the first time is still built up
     noteFigure("R17", std::string("memory in KiB after a tenth of the ") + what, early.residentKiB);
     noteFigure("R17", std::string("memory in KiB at the end of the ") + what, end.residentKiB);
     if (end.residentKiB > early.residentKiB + early.residentKiB / 100)
