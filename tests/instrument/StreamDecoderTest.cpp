@@ -1,3 +1,4 @@
+// The virtual instrument's ear: bytes in, messages and malformed pieces out, however the bytes are cut.
 #include "instrument/StreamDecoder.h"
 
 #include "support/Hex.h"

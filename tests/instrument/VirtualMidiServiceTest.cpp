@@ -1,3 +1,4 @@
+// The virtual cable: its ports and handles, its file of all messages, the pace of a real cable.
 #include "instrument/VirtualMidiService.h"
 
 #include "core/Dichiarazioni.h"
