@@ -28,11 +28,13 @@ void storeBlock(WindowBuffer& tag, const ByteBuffer& block) { putBytes(tag.bytes
 
 SessionEntry& entryOf(int slot) { return App.Globals[static_cast<std::size_t>(slot)]; }
 
-/// An image of the file's length: one that is missing begins as a global file does, so that it can be saved as one.
+/// An image of the file's length that begins as a global file does, so that it can be saved as one: of the block in a
+/// damaged settings file the parameters count.
 ByteBuffer imageFrom(const ByteBuffer& source)
 {
-    ByteBuffer image = source.empty() ? ByteBuffer(GblLayout::Signature) : source;
+    ByteBuffer image = source;
     image.resize(static_cast<std::size_t>(GblLayout::FileSize), '\0');
+    putBytes(image, 0, GblLayout::Signature);
     return image;
 }
 

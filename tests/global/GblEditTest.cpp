@@ -164,11 +164,14 @@ TEST_F(GblEdit, theInstrumentsBufferHoldsTheCurrentBlock)
     EXPECT_EQ(GblCaption(tag), "Global Parameters");
 }
 
-TEST_F(GblEdit, aMissingOrDamagedBlockBecomesOneOfFullLength)
+TEST_F(GblEdit, aMissingOrDamagedBlockBecomesOneOfFullLengthThatCanBeSaved)
 {
-    EXPECT_EQ(GblTagBuild(0).bytes().substr(270), std::string("KORG\x4D\x00\x06\x01", 8) + std::string(440, '\0'));
+    const std::string head("KORG\x4D\x00\x06\x01", 8);
+    EXPECT_EQ(GblTagBuild(0).bytes().substr(270), head + std::string(440, '\0'));
     App.GblCurrent = "short";
-    EXPECT_EQ(GblTagBuild(0).bytes().substr(270), "short" + std::string(443, '\0'));
+    EXPECT_EQ(GblTagBuild(0).bytes().substr(270), head + std::string(440, '\0'));
+    App.GblCurrent = "KQRG" + std::string(444, '\x17'); // as a damaged settings file gives it
+    EXPECT_EQ(GblTagBuild(0).bytes().substr(270), head + std::string(440, '\x17'));
     Files.GblBuffer = std::string(1000, 'x');
     EXPECT_EQ(GblTagBuild(1).bytes().size(), 718U);
 }
